@@ -1,0 +1,142 @@
+#include "desktop/qt/RealDesktop.h"
+
+#include "desktop/qt/HelpWindow.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QInputDialog>
+#include <QLabel>
+#include <QMessageBox>
+#include <QRegularExpression>
+#include <cstdio>
+#include <cstdlib>
+
+using namespace Qt::StringLiterals;
+
+namespace obelmark {
+
+namespace {
+
+constexpr qsizetype longestText = 1000;
+constexpr qsizetype longestPromptLine = 80;
+
+QMessageBox::Icon boxIcon(Desktop::Icon icon)
+{
+    switch (icon) {
+    case Desktop::Icon::Exclamation:
+        return QMessageBox::Warning;
+    case Desktop::Icon::Critical:
+        return QMessageBox::Critical;
+    case Desktop::Icon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+/// The text with a place to break in every run of letters that is wider than a box may be; it would be cut
+/// off.
+QString breakable(QString text)
+{
+    static const QRegularExpression longRun(u"([^\\s/]{40})(?=[^\\s/]{40})"_s);
+    return text.replace(longRun, u"\\1\u200B"_s);
+}
+
+/// Fills in the text. One that could be taller than the screen is shown in full behind the details button.
+void setPlainText(QMessageBox &box, const QString &text)
+{
+    box.setTextFormat(Qt::PlainText);
+    if (text.size() <= longestText) {
+        box.setText(breakable(text));
+    } else {
+        box.setText(breakable(text.first(longestText)) + u'…');
+        box.setDetailedText(text);
+    }
+}
+
+int runBox(QMessageBox::Icon icon, const QString &text, const QString &title,
+           QMessageBox::StandardButtons buttons, QMessageBox::StandardButton initial,
+           QMessageBox::StandardButton escape)
+{
+    QMessageBox box(icon, title, QString(), buttons, QApplication::activeWindow());
+    setPlainText(box, text);
+    box.setDefaultButton(initial);
+    box.setEscapeButton(escape);
+    return box.exec();
+}
+
+} // namespace
+
+RealDesktop::RealDesktop() = default;
+RealDesktop::~RealDesktop() = default;
+
+void RealDesktop::showMessage(const QString &text, const QString &title, Icon icon)
+{
+    runBox(boxIcon(icon), text, title, QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok);
+}
+
+Desktop::Answer RealDesktop::askYesNo(const QString &text, const QString &title)
+{
+    const int button = runBox(QMessageBox::NoIcon, text, title, QMessageBox::Yes | QMessageBox::No,
+                              QMessageBox::Yes, QMessageBox::No);
+    return button == QMessageBox::Yes ? Answer::Yes : Answer::No;
+}
+
+std::optional<QString> RealDesktop::askText(const QString &prompt, const QString &title)
+{
+    QInputDialog box(QApplication::activeWindow());
+    box.setWindowTitle(title);
+    box.setInputMode(QInputDialog::TextInput);
+    // The prompt is the buddy of the input field, so that "&" would be taken for an access key.
+    box.setLabelText(breakable(prompt).replace(u'&', "&&"_L1));
+    auto *label = box.findChild<QLabel *>();
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(prompt.size() > longestPromptLine);
+    if (box.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return box.textValue();
+}
+
+void RealDesktop::beep()
+{
+    QApplication::beep();
+}
+
+void RealDesktop::endProgram()
+{
+    if (m_help)
+        m_help->discardTemporaryFiles();
+    std::fflush(nullptr);
+    std::_Exit(EXIT_SUCCESS);
+}
+
+HelpWindow &RealDesktop::help(const QString &helpFile)
+{
+    if (!m_help)
+        m_help = std::make_unique<HelpWindow>();
+    m_help->setHelpFile(helpFile);
+    return *m_help;
+}
+
+void RealDesktop::showHelpTopic(const QString &helpFile, int topic)
+{
+    help(helpFile).showTopic(topic);
+}
+void RealDesktop::showHelpContents(const QString &helpFile)
+{
+    help(helpFile).showContents();
+}
+void RealDesktop::showHelpSearch(const QString &helpFile)
+{
+    help(helpFile).showSearch();
+}
+void RealDesktop::showHelpOnHelp(const QString &helpFile)
+{
+    help(helpFile).showHelpOnHelp();
+}
+
+void RealDesktop::openWebPage(const QUrl &address)
+{
+    QDesktopServices::openUrl(address);
+}
+
+} // namespace obelmark

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "engine/Dynaset.h"
+#include "engine/FaultHook.h"
+#include "engine/Snapshot.h"
+#include <QString>
+#include <QStringList>
+#include <memory>
+
+namespace obelmark {
+
+/// An open database file: an ordinary SQLite file that other tools can open.
+///
+/// The declared type of a column tells its kind: smallint (16 bits), integer (32 bits), boolean, money (a
+/// count of ten-thousandths), date (ISO text), varchar(n) and text. A text column X beside a column Xsort is
+/// ordered by that companion, which holds the folded form of its text (foldText()); the engine writes both,
+/// and fills the companions that other tools have left null when it opens the file.
+class Database
+{
+public:
+    enum class Access {
+        Shared,
+        /// Locks the file for as long as it is open: a second opener, here or elsewhere, gets FileInUse
+        /// (3045).
+        Exclusive,
+    };
+
+    /// \a requiredTables must be there, else the file is no database of ours (UnrecognizedFormat).
+    /// \throws DatabaseFileNotFound, InvalidPath, FileInUse, DatabaseDamaged, UnrecognizedFormat,
+    ///         PermissionDenied
+    static std::unique_ptr<Database> open(const QString &path, Access access,
+                                          const QStringList &requiredTables, const FaultHook &faultHook = {});
+
+    /// Closes the file; every recordset still open on it answers ObjectClosed from then on.
+    ~Database();
+    Database(const Database &) = delete;
+    Database &operator=(const Database &) = delete;
+
+    const QString &path() const;
+
+    /// \throws UnknownTable, UnknownColumn, SyntaxError
+    std::unique_ptr<Dynaset> openDynaset(const QString &sql);
+    /// \throws UnknownTable, UnknownColumn, AmbiguousColumn, SyntaxError
+    std::unique_ptr<Snapshot> openSnapshot(const QString &sql);
+    std::unique_ptr<ForwardOnly> openForwardOnly(const QString &sql);
+
+    void setFaultHook(const FaultHook &faultHook);
+
+private:
+    friend class Transaction;
+    explicit Database(std::shared_ptr<DatabaseCore> core);
+    std::shared_ptr<DatabaseCore> d;
+};
+
+} // namespace obelmark

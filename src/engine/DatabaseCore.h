@@ -1,0 +1,84 @@
+#pragma once
+
+#include "engine/Database.h"
+#include "engine/ErrorMapping.h"
+#include "engine/Schema.h"
+#include <SQLiteCpp/Database.h>
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+namespace obelmark {
+
+/// What a database knows of a recordset open on it.
+class OpenRecordset
+{
+public:
+    /// Lets go of every statement; the recordset answers ObjectClosed from then on.
+    virtual void invalidate() noexcept = 0;
+
+protected:
+    ~OpenRecordset() = default;
+};
+
+/// The connection to a database file and what the recordsets open on it share. Lives as long as the last of
+/// them; the file is closed with the Database.
+class DatabaseCore
+{
+public:
+    DatabaseCore(const QString &path, Database::Access access, const QStringList &requiredTables,
+                 const FaultHook &faultHook);
+    ~DatabaseCore();
+    DatabaseCore(const DatabaseCore &) = delete;
+    DatabaseCore &operator=(const DatabaseCore &) = delete;
+
+    void close() noexcept;
+    bool isOpen() const { return m_connection.has_value(); }
+
+    const QString &path() const { return m_path; }
+    SQLite::Database &connection() { return *m_connection; }
+    const Schema &schema() const { return *m_schema; }
+
+    void setFaultHook(const FaultHook &faultHook) { m_faultHook = faultHook; }
+    /// Fails as SQLite would when the fault hook says so.
+    void meetFault(FaultPoint point) const;
+
+    /// Runs \a work; errors of SQLite come out as those of a query (\a expression: its text) or of a write.
+    template<class Work>
+    auto reading(const QString &expression, Work &&work) const
+    {
+        return withSqlErrors({SqlActivity::Kind::Reading, m_path, expression}, std::forward<Work>(work));
+    }
+    template<class Work>
+    auto writing(Work &&work) const
+    {
+        return withSqlErrors({SqlActivity::Kind::Writing, m_path, {}}, std::forward<Work>(work));
+    }
+
+    /// Grows with every row written through this database: what was read at a lower count may be stale.
+    quint64 changeCount() const { return m_changeCount; }
+    void countChange() { ++m_changeCount; }
+
+    /// The counter of a new row, never given again, whether the row is written or not.
+    /// \throws Overflow when the table has used up its 32 bits
+    qint64 reserveKey(const TableSchema &table);
+
+    void add(OpenRecordset &recordset) { m_recordsets.push_back(&recordset); }
+    void remove(OpenRecordset &recordset) { std::erase(m_recordsets, &recordset); }
+
+private:
+    void connect(Database::Access access);
+    void checkTables(const QStringList &requiredTables);
+    qint64 highestKey(const TableSchema &table);
+
+    QString m_path;
+    Database::Access m_access;
+    FaultHook m_faultHook;
+    std::optional<SQLite::Database> m_connection;
+    std::optional<Schema> m_schema;
+    std::unordered_map<const TableSchema *, qint64> m_reservedKeys;
+    std::vector<OpenRecordset *> m_recordsets;
+    quint64 m_changeCount = 0;
+};
+
+} // namespace obelmark

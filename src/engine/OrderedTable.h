@@ -1,0 +1,58 @@
+#pragma once
+
+#include "engine/DatabaseCore.h"
+#include "engine/Dialect.h"
+#include "engine/RowOrder.h"
+#include <SQLiteCpp/Statement.h>
+#include <map>
+#include <optional>
+
+namespace obelmark {
+
+/// A row as it was read, and where it stands.
+struct OrderedRow
+{
+    RowPosition position;
+    std::vector<Value> values; ///< one for each column of the table
+};
+
+/// The look-ups of a dynaset in its table and order. Its statements are made once, and none is left open:
+/// each is reset as soon as its row has been read.
+class OrderedTable
+{
+public:
+    OrderedTable(DatabaseCore &core, const DynasetQuery &query);
+
+    const TableSchema &table() const { return m_table; }
+
+    std::optional<OrderedRow> first(Direction direction);
+    /// The nearest row beyond a position, at which there need be no row any more.
+    std::optional<OrderedRow> next(const RowPosition &position, Direction direction);
+    std::optional<OrderedRow> row(qint64 key);
+    /// The key of the nearest row that meets the criteria: from the end of the order, or beyond a position.
+    std::optional<qint64> find(const Criteria &criteria, const RowPosition *position, Direction direction);
+
+    bool isEmpty();
+    qint64 count();
+
+private:
+    /// The first row of "select ... \a tail", \a position bound to its parameters.
+    std::optional<OrderedRow> readRow(const std::string &tail, const RowPosition &position);
+
+    struct NearbyResult
+    {
+        std::optional<qint64> key;
+        bool allSeen = false; ///< there are no more rows than those searched
+    };
+    NearbyResult findNearby(const Criteria &criteria, const RowPosition *position, Direction direction);
+    std::optional<qint64> findAnywhere(const Criteria &criteria, const RowPosition *position,
+                                       Direction direction);
+
+    DatabaseCore &m_core;
+    const TableSchema &m_table;
+    RowOrder m_order;
+    std::string m_selectRow;                               ///< "select KEY, COLUMNS from TABLE"
+    std::map<std::string, SQLite::Statement> m_statements; ///< by what follows that
+};
+
+} // namespace obelmark

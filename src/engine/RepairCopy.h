@@ -1,0 +1,15 @@
+#pragma once
+
+#include "engine/Repair.h"
+
+namespace obelmark {
+
+class SalvageFile;
+
+/// Fills the new file \a newPath with all that can be read of \a damaged and checks it.
+/// \throws DatabaseDamaged or UnrecognizedFormat when \a keyTable cannot be read; SQLite::Exception when the
+///         file cannot be written
+QList<RepairReport::Table> copyReadable(SalvageFile &damaged, const QString &newPath,
+                                        const QString &keyTable);
+
+} // namespace obelmark

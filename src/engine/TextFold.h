@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+namespace obelmark {
+
+/// The form in which texts are compared and ordered: case-folded, compatibility-decomposed, combining marks
+/// dropped. Its UTF-8 bytes in binary order put blanks before digits before letters, letter case never
+/// matters, and an accented letter stands beside its base letter.
+QString foldText(QStringView text);
+
+} // namespace obelmark

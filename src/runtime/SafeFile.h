@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <memory>
+
+namespace obelmark {
+
+/// A file that is complete or absent: written under a temporary name beside its target, flushed to the disk
+/// and renamed over the target by commit(). Destroyed without commit() it leaves the target as it was.
+///
+/// A target that exists keeps its permission bits and, where the system allows it, its owner and group; one
+/// that is a symbolic link stays a link, and the file it leads to is replaced.
+class SafeFile
+{
+public:
+    /// \throws PathNotFound, PermissionDenied, DiskFull or PathFileAccess, the description naming the file
+    explicit SafeFile(const QString &path);
+    ~SafeFile();
+    SafeFile(const SafeFile &) = delete;
+    SafeFile &operator=(const SafeFile &) = delete;
+
+    /// Small pieces are collected, so a failure may show at a later write() or at commit().
+    /// \throws DiskFull or PathFileAccess, the description naming the file and the reason. After that the
+    /// file cannot be committed any more.
+    void write(const QByteArray &bytes);
+    /// Flushes file and folder to the disk and puts the file in place. To be called once. \throws as write()
+    void commit();
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d;
+};
+
+/// Flushes a finished file's bytes, or a folder's entries, to the disk.
+/// \throws as SafeFile::SafeFile()
+void flushToDisk(const QString &path);
+
+} // namespace obelmark

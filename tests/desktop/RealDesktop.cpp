@@ -1,0 +1,251 @@
+#include "desktop/qt/RealDesktop.h"
+#include "support/GuiDriver.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QDir>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QProcess>
+#include <QScreen>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <cstdio>
+
+using namespace obelmark;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto endProgramArgument = "end-program"_L1;
+
+/// What a title or a text may contain when it holds data of the user.
+const QString markup = u"<b>5 & 10</b> &amp; <img src='x'><br>&Cents\nsecond line"_s;
+
+} // namespace
+
+class RealDesktopTest : public QObject
+{
+    Q_OBJECT
+
+private:
+    RealDesktop m_desktop;
+    QWidget m_window;
+    QLineEdit m_field{&m_window};
+
+private slots:
+    void init() { QVERIFY(gui::activate(m_window)); }
+
+    void message_data()
+    {
+        QTest::addColumn<Desktop::Icon>("icon");
+        QTest::addColumn<QMessageBox::Icon>("shown");
+        QTest::newRow("none") << Desktop::Icon::None << QMessageBox::NoIcon;
+        QTest::newRow("exclamation") << Desktop::Icon::Exclamation << QMessageBox::Warning;
+        QTest::newRow("critical") << Desktop::Icon::Critical << QMessageBox::Critical;
+    }
+
+    void message()
+    {
+        QFETCH(Desktop::Icon, icon);
+        QFETCH(QMessageBox::Icon, shown);
+        QVERIFY(gui::withDialog([&] { m_desktop.showMessage(markup, u"File Exists"_s, icon); },
+                                [&](QWidget &dialog) {
+                                    auto *box = qobject_cast<QMessageBox *>(&dialog);
+                                    QVERIFY(box);
+                                    QCOMPARE(box->windowTitle(), u"File Exists"_s);
+                                    QCOMPARE(box->icon(), shown);
+                                    QCOMPARE(box->standardButtons(), QMessageBox::Ok);
+                                    QCOMPARE(box->parentWidget(), &m_window);
+                                    auto &label = gui::find<QLabel>(dialog, u"qt_msgbox_label"_s);
+                                    QCOMPARE(label.text(), markup);
+                                    QCOMPARE(label.textFormat(), Qt::PlainText);
+                                    QVERIFY(gui::press(Qt::Key_Escape));
+                                    QVERIFY(!box->isVisible());
+                                }));
+    }
+
+    void titleOfMessageWithoutOne()
+    {
+        Desktop &desktop = m_desktop; // whose default it is
+        QVERIFY(gui::withDialog([&] { desktop.showMessage(u"text"_s); },
+                                [](QWidget &dialog) { QCOMPARE(dialog.windowTitle(), u"Obelmark"_s); }));
+    }
+
+    void longText_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("one long word") << u"Could not find file '"_s + QString(400, u'W') + u"'."_s;
+        QTest::newRow("a page of text") << u"3075  Syntax error in query expression "_s.repeated(100);
+    }
+
+    /// Nothing is cut off at the edge of the box or of the screen, and the whole text can be read.
+    void longText()
+    {
+        QFETCH(QString, text);
+        QVERIFY(gui::withDialog([&] { m_desktop.showMessage(text); },
+                                [&](QWidget &dialog) {
+                                    QVERIFY(dialog.screen()->availableGeometry().contains(dialog.geometry()));
+                                    auto &label = gui::find<QLabel>(dialog, u"qt_msgbox_label"_s);
+                                    const QRect needed = label.fontMetrics().boundingRect(
+                                        label.contentsRect(), Qt::TextWordWrap, label.text());
+                                    QVERIFY(needed.width() <= label.width());
+                                    QVERIFY(needed.height() <= label.height());
+                                    auto *box = qobject_cast<QMessageBox *>(&dialog);
+                                    const QString shown = label.text().remove(u'\u200B');
+                                    QVERIFY(shown == text || box->detailedText() == text);
+                                    QVERIFY(gui::press(Qt::Key_Return));
+                                    QVERIFY(!box->isVisible());
+                                }));
+        QVERIFY(gui::withDialog([&] { m_desktop.askText(text, u"Sold Some"_s); },
+                                [](QWidget &dialog) {
+                                    QVERIFY(dialog.width() <= dialog.screen()->availableGeometry().width());
+                                }));
+    }
+
+    void yesNo_data()
+    {
+        QTest::addColumn<Qt::Key>("key");
+        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+        QTest::addColumn<Desktop::Answer>("answer");
+        QTest::newRow("Enter is Yes") << Qt::Key_Return << Qt::KeyboardModifiers() << Desktop::Answer::Yes;
+        QTest::newRow("Escape is No") << Qt::Key_Escape << Qt::KeyboardModifiers() << Desktop::Answer::No;
+        QTest::newRow("Alt+N is No") << Qt::Key_N << Qt::KeyboardModifiers(Qt::AltModifier)
+                                     << Desktop::Answer::No;
+    }
+
+    void yesNo()
+    {
+        QFETCH(Qt::Key, key);
+        QFETCH(Qt::KeyboardModifiers, modifiers);
+        QFETCH(Desktop::Answer, answer);
+        // The opposite of what is expected.
+        auto given = answer == Desktop::Answer::Yes ? Desktop::Answer::No : Desktop::Answer::Yes;
+        QVERIFY(gui::withDialog([&] { given = m_desktop.askYesNo(markup, u"Delete Coin"_s); },
+                                [&](QWidget &dialog) {
+                                    auto *box = qobject_cast<QMessageBox *>(&dialog);
+                                    QVERIFY(box);
+                                    QCOMPARE(box->windowTitle(), u"Delete Coin"_s);
+                                    QCOMPARE(box->icon(), QMessageBox::NoIcon);
+                                    QCOMPARE(box->text(), markup);
+                                    QCOMPARE(box->textFormat(), Qt::PlainText);
+                                    QCOMPARE(box->standardButtons(), QMessageBox::Yes | QMessageBox::No);
+                                    QVERIFY(gui::press(key, modifiers));
+                                    QVERIFY(
+                                        gui::waitUntil([&] { return !box->isVisible(); }, "the key answers"));
+                                }));
+        QCOMPARE(given, answer);
+    }
+
+    void closedYesNoIsNo()
+    {
+        auto given = Desktop::Answer::Yes;
+        QVERIFY(gui::withDialog([&] { given = m_desktop.askYesNo(u"Sure?"_s, u"Delete Coin"_s); },
+                                [](QWidget &dialog) { QVERIFY(dialog.close()); }));
+        QCOMPARE(given, Desktop::Answer::No);
+    }
+
+    void inputBox_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<Qt::Key>("key");
+        QTest::addColumn<std::optional<QString>>("value");
+        QTest::newRow("text") << u"12 <b>"_s << Qt::Key_Return << std::optional(u"12 <b>"_s);
+        QTest::newRow("empty is not cancelled") << QString() << Qt::Key_Return << std::optional(QString());
+        QTest::newRow("cancelled") << QString() << Qt::Key_Escape << std::optional<QString>();
+        QTest::newRow("cancelled after typing") << u"12"_s << Qt::Key_Escape << std::optional<QString>();
+    }
+
+    void inputBox()
+    {
+        QFETCH(QString, typed);
+        QFETCH(Qt::Key, key);
+        QFETCH(std::optional<QString>, value);
+        std::optional<QString> given = u"nothing yet"_s;
+        QVERIFY(gui::withDialog([&] { given = m_desktop.askText(markup, u"Sold Some"_s); },
+                                [&](QWidget &dialog) {
+                                    QVERIFY(qobject_cast<QInputDialog *>(&dialog));
+                                    QCOMPARE(dialog.windowTitle(), u"Sold Some"_s);
+                                    QVERIFY(qobject_cast<QLineEdit *>(dialog.focusWidget()));
+                                    comparePrompt(dialog);
+                                    QVERIFY(gui::type(typed));
+                                    QVERIFY(gui::press(key));
+                                }));
+        QCOMPARE(given, value);
+    }
+
+    void endProgramAsksNoWindow()
+    {
+        const QTemporaryDir temporary;
+        QProcess child;
+        auto environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"TMPDIR"_s, temporary.path());
+        child.setProcessEnvironment(environment);
+        child.start(QCoreApplication::applicationFilePath(), {endProgramArgument});
+        QVERIFY(child.waitForFinished());
+        QCOMPARE(child.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(child.exitCode(), 0);
+        QCOMPARE(child.readAllStandardOutput(), "last words");
+        // The help window was open: its temporary collection is gone.
+        QCOMPARE(QDir(temporary.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
+    }
+
+private:
+    /// The prompt looks and reads like a plain label of the same text: no markup, no access key.
+    static void comparePrompt(const QWidget &dialog)
+    {
+        auto *label = dialog.findChild<QLabel *>();
+        QLabel plain;
+        plain.setTextFormat(Qt::PlainText);
+        plain.setText(markup);
+        plain.setFont(label->font());
+        QCOMPARE(label->textFormat(), Qt::PlainText);
+        QCOMPARE(label->sizeHint(), plain.sizeHint());
+        auto *field = QAccessible::queryAccessibleInterface(dialog.findChild<QLineEdit *>());
+        QCOMPARE(field->text(QAccessible::Name), markup);
+    }
+};
+
+namespace {
+
+/// Tells when it is asked to close or destroyed.
+class TalkingWindow : public QWidget
+{
+public:
+    ~TalkingWindow() override { std::fputs("destroyed ", stdout); }
+
+protected:
+    void closeEvent(QCloseEvent *) override { std::fputs("closed ", stdout); }
+    void hideEvent(QHideEvent *) override { std::fputs("hidden ", stdout); }
+};
+
+/// The child process of endProgramAsksNoWindow().
+int endProgram(QApplication &application)
+{
+    TalkingWindow window;
+    RealDesktop desktop;
+    QObject::connect(&application, &QApplication::aboutToQuit, [] { std::fputs("quitting ", stdout); });
+    window.show();
+    QTimer::singleShot(0, &window, [&desktop] {
+        desktop.showHelpContents(QStringLiteral(HELP_FILE));
+        std::fputs("last words", stdout); // still in the buffer when the program ends
+        desktop.endProgram();
+    });
+    QApplication::exec();
+    return EXIT_FAILURE;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QApplication application(argc, argv);
+    if (application.arguments().contains(endProgramArgument))
+        return endProgram(application);
+    RealDesktopTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "RealDesktop.moc"

@@ -1,0 +1,265 @@
+#include "engine/DamageSupport.h"
+#include "engine/Database.h"
+#include "engine/EngineError.h"
+#include "engine/Repair.h"
+#include "engine/TextFold.h"
+#include <QDir>
+#include <QTemporaryDir>
+#include <QTest>
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <random>
+
+using namespace obelmark;
+using namespace Qt::StringLiterals;
+
+/// Collections damaged in many ways: what opening and using them answers, and what a repair brings back.
+class Damage : public QObject
+{
+    Q_OBJECT
+private slots:
+    void initTestCase();
+    void init();
+    void savesReadableRows_data();
+    void savesReadableRows();
+    void leavesOtherFilesAlone_data();
+    void leavesOtherFilesAlone();
+    void keepsEveryDamagedFile();
+
+private:
+    /// The pages of a kind ("Coin leaf") in their order.
+    QList<int> pages(const QString &kind) const { return m_pages.value(kind); }
+    QByteArray withPages(const QList<int> &numbers, const std::function<char()> &filling) const;
+    QByteArray withZeros(const QList<int> &numbers) const;
+    QByteArray withNoise(const QList<int> &numbers) const;
+    int firstError() const;
+
+    static constexpr int coinCount = 3000;
+    /// The number of the coin that was deleted.
+    static constexpr qint64 lastCounter = coinCount + 1;
+
+    QByteArray m_collection;
+    QHash<QString, QList<int>> m_pages;
+    StoredRows m_coins;
+    StoredRows m_categories;
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QString m_path;
+};
+
+namespace {
+
+constexpr qsizetype pageSize = 4096;
+
+const QString allCoins = u"select * from Coin order by descr"_s;
+
+constexpr qint64 unknown = -1;
+/// Storage class and text of null.
+const QString nullColumn = u"5 "_s;
+
+int middle(const QList<int> &pages)
+{
+    return pages.at(pages.size() / 2);
+}
+
+int errorOf(const std::function<void()> &work)
+{
+    try {
+        work();
+        return 0;
+    } catch (const EngineError &error) {
+        return error.number();
+    }
+}
+
+QByteArray otherDatabase()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"other.db"_s);
+    SQLite::Database(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
+        .exec("create table t (a); insert into t values (1)");
+    return fileContent(path);
+}
+
+} // namespace
+
+void Damage::initTestCase()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"coin.mdb"_s);
+    createCollection(path, coinCount);
+    m_collection = fileContent(path);
+    m_coins = storedRows(path);
+    m_categories = storedRows(path, u"category"_s);
+    SQLite::Database database(path.toStdString());
+    SQLite::Statement query(database, "select name || ' ' || pagetype, pageno from dbstat order by path");
+    while (query.executeStep())
+        m_pages[QString::fromStdString(query.getColumn(0).getString())] << query.getColumn(1).getInt();
+}
+
+void Damage::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_path = m_folder->filePath(u"coin.mdb"_s);
+}
+
+QByteArray Damage::withPages(const QList<int> &numbers, const std::function<char()> &filling) const
+{
+    QByteArray content = m_collection;
+    for (const int number : numbers)
+        std::generate_n(content.begin() + (number - 1) * pageSize, pageSize, filling);
+    return content;
+}
+
+QByteArray Damage::withZeros(const QList<int> &numbers) const
+{
+    return withPages(numbers, [] { return '\0'; });
+}
+
+QByteArray Damage::withNoise(const QList<int> &numbers) const
+{
+    std::mt19937 noise(7);
+    return withPages(numbers, [&] { return char(noise()); });
+}
+
+/// What opening the file, reading every coin and beginning a new one answers first.
+int Damage::firstError() const
+{
+    return errorOf([&] {
+        const auto database = Database::open(m_path, Database::Access::Exclusive, {u"Coin"_s, u"category"_s});
+        const auto coins = database->openDynaset(allCoins);
+        for (; !coins->eof(); coins->moveNext())
+            coins->value(u"notes");
+        coins->addNew();
+    });
+}
+
+void Damage::savesReadableRows_data()
+{
+    QTest::addColumn<QByteArray>("damaged");
+    QTest::addColumn<std::size_t>("leastLost");
+    QTest::addColumn<std::size_t>("mostLost");
+    QTest::addColumn<qint64>("incomplete");
+    QTest::addColumn<qint64>("nextCounter");
+
+    const QList<int> leaves = pages(u"Coin leaf"_s);
+    const QList<int> root = pages(u"Coin internal"_s);
+    const QList<int> overflow = pages(u"Coin overflow"_s);
+    const QList<int> byName = pages(u"coin_by_descr leaf"_s);
+    const QList<int> counters = pages(u"sqlite_sequence leaf"_s);
+    const auto row = [](const char *name, const QByteArray &damaged, std::size_t leastLost,
+                        std::size_t mostLost, qint64 incomplete = 0, qint64 nextCounter = lastCounter + 1) {
+        QTest::newRow(name) << damaged << leastLost << mostLost << incomplete << nextCounter;
+    };
+    row("rows of zeros", withZeros({middle(leaves)}), 1, 40);
+    row("rows of noise", withNoise({middle(leaves)}), 1, 40);
+    row("half of the rows' pages", withNoise(leaves.mid(0, leaves.size() / 2)), 1000, 2000);
+    row("rows and an index", withZeros({middle(leaves), middle(byName)}), 1, 40);
+    row("root of the table", withNoise(root), 0, 0);
+    row("an index", withNoise({middle(byName)}), 0, 0);
+    row("root of an index", withZeros(pages(u"coin_by_descr internal"_s)), 0, 0);
+    row("part of a note", withZeros({middle(overflow)}), 0, 0, 1);
+    row("counters", withZeros(counters), 0, 0, 0, coinCount + 1);
+    row("counters and the last rows", withZeros({counters.at(0), leaves.last()}), 1, 40, 0, coinCount + 1);
+    row("cut to half", m_collection.first(m_collection.size() / 2), 500, 2500, unknown);
+    row("cut within a page", m_collection.first(m_collection.size() * 3 / 4 + 1000), 1, 2000, unknown);
+}
+
+void Damage::savesReadableRows()
+{
+    QFETCH(QByteArray, damaged);
+    QFETCH(std::size_t, leastLost);
+    QFETCH(std::size_t, mostLost);
+    QFETCH(qint64, incomplete);
+    QFETCH(qint64, nextCounter);
+    setFileContent(m_path, damaged);
+    QCOMPARE(firstError(), int(DatabaseDamaged));
+
+    const RepairReport report = repairDatabase(m_path, u"coin"_s);
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files),
+             QStringList({u"coin-damaged.mdb"_s, u"coin.mdb"_s}));
+    QCOMPARE(report.damagedFilePath, m_folder->filePath(u"coin-damaged.mdb"_s));
+    QVERIFY(fileContent(report.damagedFilePath) == damaged);
+    QCOMPARE(integrity(m_path), u"ok"_s);
+
+    // A saved row is the row it was, but for columns that became null.
+    const StoredRows saved = storedRows(m_path);
+    qint64 changed = 0;
+    for (const auto &[id, columns] : saved) {
+        const QStringList &original = m_coins.at(id);
+        changed += columns != original;
+        for (qsizetype i = 0; i < columns.size(); ++i)
+            QVERIFY2(columns[i] == original[i] || columns[i] == nullColumn, qPrintable(columns[i]));
+    }
+    const std::size_t lost = m_coins.size() - saved.size();
+    QVERIFY2(lost >= leastLost && lost <= mostLost, qPrintable(QString::number(lost)));
+    QCOMPARE(report.tables.first().name, u"Coin"_s);
+    QCOMPARE(report.tables.first().rowsSaved, qint64(saved.size()));
+    QCOMPARE(report.tables.first().rowsIncomplete, changed);
+    if (incomplete != unknown) { // then the indexes tell of every row
+        QCOMPARE(changed, incomplete);
+        QCOMPARE(report.tables.first().rowsLost, qint64(lost));
+        QVERIFY(storedRows(m_path, u"category"_s) == m_categories);
+    }
+
+    QCOMPARE(firstError(), 0);
+    const auto database = Database::open(m_path, Database::Access::Exclusive, {u"Coin"_s, u"category"_s});
+    const auto coins = database->openDynaset(allCoins);
+    QString before;
+    for (; !coins->eof(); coins->moveNext()) {
+        const QString name = foldText(coins->value(u"descr").toText());
+        QVERIFY2(before <= name, qPrintable(name));
+        before = name;
+    }
+    QCOMPARE(coins->recordCount(), qint64(saved.size()));
+    coins->addNew();
+    QCOMPARE(coins->value(u"coinid").toInt(), nextCounter);
+}
+
+void Damage::leavesOtherFilesAlone_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<int>("error");
+
+    const auto schemaPages = pages(u"sqlite_schema leaf"_s);
+    QTest::newRow("missing") << QByteArray() << int(DatabaseFileNotFound);
+    QTest::newRow("empty") << QByteArray("") << int(UnrecognizedFormat);
+    QTest::newRow("text") << QByteArray("Dear collector,\n").repeated(500) << int(UnrecognizedFormat);
+    QTest::newRow("first page of noise") << withNoise({1}) << int(UnrecognizedFormat);
+    QTest::newRow("cut within the first page") << m_collection.first(100) << int(DatabaseDamaged);
+    QTest::newRow("cut behind the first page") << m_collection.first(pageSize) << int(DatabaseDamaged);
+    QTest::newRow("schema lost") << withZeros(schemaPages) << int(DatabaseDamaged);
+    QTest::newRow("every row lost") << withZeros(pages(u"Coin leaf"_s)) << int(DatabaseDamaged);
+    QTest::newRow("another database") << otherDatabase() << int(UnrecognizedFormat);
+}
+
+void Damage::leavesOtherFilesAlone()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(int, error);
+    if (!content.isNull())
+        setFileContent(m_path, content);
+    QCOMPARE(firstError(), error);
+    QCOMPARE(errorOf([&] { repairDatabase(m_path, u"Coin"_s); }), error);
+    const QStringList files = QDir(m_folder->path()).entryList(QDir::Files);
+    QCOMPARE(files, content.isNull() ? QStringList() : QStringList(u"coin.mdb"_s));
+    QVERIFY(files.isEmpty() || fileContent(m_path) == content);
+}
+
+/// A second repair takes another name, and a journal that belongs to the damaged file never gets beside the
+/// new one.
+void Damage::keepsEveryDamagedFile()
+{
+    const QByteArray damaged = withZeros({middle(pages(u"Coin leaf"_s))});
+    for (const auto name : {"coin-damaged.mdb"_L1, "coin-damaged-2.mdb"_L1}) {
+        setFileContent(m_path, damaged);
+        setFileContent(m_path + u"-wal"_s, QByteArray(500, 'w'));
+        QFile::setPermissions(m_path, QFile::ReadOwner | QFile::WriteOwner);
+        QCOMPARE(repairDatabase(m_path, u"Coin"_s).damagedFilePath, m_folder->filePath(name));
+        QVERIFY(!QFile::exists(m_path + u"-wal"_s));
+        QCOMPARE(QFile::permissions(m_path) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
+    }
+    const auto user = Database::open(m_path, Database::Access::Exclusive, {u"Coin"_s});
+    QCOMPARE(errorOf([&] { repairDatabase(m_path, u"Coin"_s); }), int(FileInUse));
+}
+
+QTEST_GUILESS_MAIN(Damage)
+#include "Damage.moc"

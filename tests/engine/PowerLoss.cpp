@@ -1,0 +1,241 @@
+#include "engine/DamageSupport.h"
+#include "engine/Database.h"
+#include "engine/EngineError.h"
+#include "engine/Repair.h"
+#include "support/UnsyncedVfs.h"
+#include <QDir>
+#include <QTemporaryDir>
+#include <QTest>
+#include <SQLiteCpp/SQLiteCpp.h>
+
+using namespace obelmark;
+using namespace Qt::StringLiterals;
+
+/// Saves on a disk that forgets what was not flushed, and on one that is full.
+class PowerLoss : public QObject
+{
+    Q_OBJECT
+private slots:
+    void initTestCase();
+    void diskForgets();
+    void leavesTheLastCommittedState_data();
+    void leavesTheLastCommittedState();
+    void fullDiskKeepsOldAndBegunRow_data();
+    void fullDiskKeepsOldAndBegunRow();
+    void fullDiskStopsRepair();
+
+private:
+    void startAnew() const;
+    std::unique_ptr<Database> open() const;
+
+    QTemporaryDir m_folder;
+    const QString m_path = m_folder.filePath(u"coin.mdb"_s);
+    QByteArray m_collection;
+    /// The rows after so many of the saves.
+    std::vector<StoredRows> m_states;
+};
+
+namespace {
+
+const QString allCoins = u"select * from Coin order by descr"_s;
+
+struct Save
+{
+    const char *name;
+    /// Begins the save; the second part, which can be repeated, carries it out.
+    std::function<void(Dynaset &)> begin;
+    void (Dynaset::*finish)();
+};
+
+void setNotes(Dynaset &coins, const QString &descr, int length)
+{
+    coins.setValue(u"descr", descr);
+    coins.setValue(u"notes", u"note "_s.repeated(length));
+}
+
+/// Saves of every kind, through many pages and few.
+const std::vector<Save> saves{
+    {"edit",
+     [](Dynaset &coins) {
+         coins.edit();
+         coins.setValue(u"Year", qint16(1871));
+     },
+     &Dynaset::update},
+    {"add long",
+     [](Dynaset &coins) {
+         coins.addNew();
+         setNotes(coins, u"Aachen"_s, 4000);
+     },
+     &Dynaset::update},
+    {"edit long",
+     [](Dynaset &coins) {
+         coins.moveLast();
+         coins.edit();
+         setNotes(coins, u"Zürich"_s, 9000);
+     },
+     &Dynaset::update},
+    {"remove long", [](Dynaset &coins) { coins.moveLast(); }, &Dynaset::remove},
+    {"remove", [](Dynaset &coins) { coins.moveFirst(); }, &Dynaset::remove},
+    {"add",
+     [](Dynaset &coins) {
+         coins.addNew();
+         setNotes(coins, u"Berlin"_s, 1);
+     },
+     &Dynaset::update},
+};
+
+/// Carries out the first \a count saves until one fails; how many did not.
+std::size_t runSaves(const std::function<std::unique_ptr<Database>()> &open, std::size_t count)
+{
+    std::size_t done = 0;
+    try {
+        const auto database = open();
+        const auto coins = database->openDynaset(allCoins);
+        for (; done < count; ++done) {
+            saves[done].begin(*coins);
+            ((*coins).*saves[done].finish)();
+        }
+    } catch (const EngineError &) {
+    }
+    return done;
+}
+
+} // namespace
+
+void PowerLoss::startAnew() const
+{
+    QFile::remove(m_path + u"-journal"_s);
+    setFileContent(m_path, m_collection);
+}
+
+std::unique_ptr<Database> PowerLoss::open() const
+{
+    return Database::open(m_path, Database::Access::Exclusive, {u"Coin"_s});
+}
+
+void PowerLoss::initTestCase()
+{
+    createCollection(m_path, 300);
+    m_collection = fileContent(m_path);
+    for (std::size_t count = 0; count <= saves.size(); ++count) {
+        startAnew();
+        QCOMPARE(runSaves([&] { return open(); }, count), count);
+        m_states.push_back(storedRows(m_path));
+    }
+}
+
+/// Without flushing, a committed change must get lost or torn here, or the test below proves nothing.
+void PowerLoss::diskForgets()
+{
+    int whole = 0;
+    int lost = 0;
+    for (unsigned seed = 0; seed < 40; ++seed) {
+        startAnew();
+        UnsyncedVfs disk;
+        SQLite::Database(m_path.toStdString(), SQLite::OPEN_READWRITE)
+            .exec("pragma synchronous = off; update Coin set descr = 'x', descrsort = 'x'");
+        disk.restart(seed);
+        try {
+            whole += integrity(m_path) == "ok"_L1;
+            lost += storedRows(m_path) == m_states[0];
+        } catch (const SQLite::Exception &) {
+        }
+    }
+    QVERIFY2(whole < 20 && lost > 0, qPrintable(u"%1 %2"_s.arg(whole).arg(lost)));
+}
+
+void PowerLoss::leavesTheLastCommittedState_data()
+{
+    QTest::addColumn<unsigned>("seed");
+    for (unsigned seed = 1; seed <= 5; ++seed)
+        QTest::addRow("seed %u", seed) << seed;
+}
+
+void PowerLoss::leavesTheLastCommittedState()
+{
+    QFETCH(unsigned, seed);
+    int changes = 0;
+    for (int cut = 0; cut <= changes; ++cut) { // 0: after the last change
+        startAnew();
+        std::size_t done = 0;
+        {
+            UnsyncedVfs disk;
+            disk.cutPowerAt(cut);
+            done = runSaves([&] { return open(); }, saves.size());
+            changes = std::max(changes, disk.changeCount());
+            disk.restart(seed * 10'000 + unsigned(cut));
+        }
+        open();
+        QCOMPARE(integrity(m_path), u"ok"_s);
+        const StoredRows rows = storedRows(m_path);
+        const bool kept = rows == m_states[done];
+        const bool finished = done < saves.size() && rows == m_states[done + 1];
+        QVERIFY2(kept || finished, qPrintable(u"cut %1, saves %2"_s.arg(cut).arg(done)));
+    }
+    QVERIFY(changes > 60);
+}
+
+void PowerLoss::fullDiskKeepsOldAndBegunRow_data()
+{
+    QTest::addColumn<std::size_t>("number");
+    for (std::size_t number = 0; number < saves.size(); ++number)
+        QTest::newRow(saves[number].name) << number;
+}
+
+void PowerLoss::fullDiskKeepsOldAndBegunRow()
+{
+    QFETCH(std::size_t, number);
+    const auto finish = saves[number].finish;
+    int failures = 0;
+    for (qint64 freeSpace = 0; freeSpace < 200'000; freeSpace += 5'000) {
+        startAnew();
+        QCOMPARE(runSaves([&] { return open(); }, number), number);
+        {
+            UnsyncedVfs disk;
+            const auto database = open();
+            const auto coins = database->openDynaset(allCoins);
+            const auto other = database->openDynaset(allCoins);
+            saves[number].begin(*coins);
+            disk.setFreeSpace(freeSpace);
+            try {
+                ((*coins).*finish)();
+                continue;
+            } catch (const EngineError &error) {
+                QCOMPARE(error.number(), int(DiskFull));
+                ++failures;
+            }
+            QCOMPARE(other->recordCount(), qint64(m_states[number].size()));
+            disk.setFreeSpace({});
+            ((*coins).*finish)();
+        }
+        QCOMPARE(integrity(m_path), u"ok"_s);
+        QCOMPARE(storedRows(m_path), m_states[number + 1]);
+    }
+    QVERIFY(failures > 0);
+}
+
+void PowerLoss::fullDiskStopsRepair()
+{
+    startAnew();
+    QByteArray damaged = m_collection;
+    damaged.replace(damaged.size() / 2, 4096, QByteArray(4096, '\0'));
+    setFileContent(m_path, damaged);
+    const QStringList files = QDir(m_folder.path()).entryList(QDir::Files);
+    for (qint64 freeSpace = 0; freeSpace < 400'000; freeSpace += 40'000) {
+        UnsyncedVfs disk;
+        disk.setFreeSpace(freeSpace);
+        try {
+            repairDatabase(m_path, u"Coin"_s);
+            QVERIFY(freeSpace > 100'000);
+            return;
+        } catch (const EngineError &error) {
+            QCOMPARE(error.number(), int(DiskFull));
+        }
+        QCOMPARE(QDir(m_folder.path()).entryList(QDir::Files), files);
+        QVERIFY(fileContent(m_path) == damaged);
+    }
+    QFAIL("the repair never had enough space");
+}
+
+QTEST_GUILESS_MAIN(PowerLoss)
+#include "PowerLoss.moc"

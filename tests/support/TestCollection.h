@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+namespace obelmark {
+
+/// A program folder of its own for each test, with a fresh copy of the delivered coin.mdb, made the current
+/// directory. exec() and query() are for while the program has not opened the file.
+class TestCollection
+{
+public:
+    TestCollection();
+    ~TestCollection();
+
+    QString folder() const { return m_folder.path() + u'/'; }
+    QString databasePath() const { return folder() + QStringLiteral("coin.mdb"); }
+
+    /// Runs SQL on the file as another tool would, triggers and all.
+    void exec(const QString &sql) const;
+    /// The rows of a query, their columns joined by "|", null as "NULL".
+    QStringList query(const QString &sql) const;
+    /// An empty file in the images folder.
+    void addPicture(const QString &name) const;
+
+private:
+    QTemporaryDir m_folder;
+    QString m_previousFolder;
+};
+
+} // namespace obelmark
