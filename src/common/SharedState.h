@@ -1,0 +1,59 @@
+#pragma once
+
+#include "engine/Database.h"
+#include "runtime/RegionalSettings.h"
+#include <QString>
+#include <memory>
+
+namespace obelmark {
+
+class Desktop;
+
+/// The program-wide variables, made once when the program starts and passed to every window by reference.
+/// Windows talk through these, not through arguments: a caller sets some, shows the other window, and reads
+/// some when it comes back.
+struct SharedState
+{
+    SharedState(Desktop &desktop, RegionalSettings regional);
+    ~SharedState();
+    SharedState(const SharedState &) = delete;
+    SharedState &operator=(const SharedState &) = delete;
+
+    Desktop &desktop;
+    RegionalSettings regional;
+
+    QString AppFolder;    ///< the current directory at start-up, with a trailing "/"
+    QString DatabasePath; ///< coin.mdb in AppFolder
+    QString HelpFilePath; ///< coin.hlp in AppFolder
+
+    std::unique_ptr<Database> CoinDatabase; ///< open exclusively from the main window's load to its unload
+    std::unique_ptr<Dynaset> CoinRecordset; ///< all coins in SortOrder; its current row is the coin on screen
+
+    qint16 SortOrder = 1; ///< 1 description, 2 catalogue number, 3 year
+
+    qint16 CodesMode = 1; ///< 1 categories, 2 conditions, 3 countries, 4 formats, 5 mints, 6 sellers, 7 types
+    bool ReloadCategories = false; ///< the main window's list of that table is stale
+    bool ReloadConditions = false;
+    bool ReloadCountries = false;
+    bool ReloadFormats = false;
+    bool ReloadMints = false;
+    bool ReloadSellers = false;
+    bool ReloadTypes = false;
+
+    bool PictureChanged = false; ///< the picture window holds a picture to be written with the record
+
+    qint16 LockRetryCount = 0;   ///< consecutive lock failures of the write now being tried
+    bool LockRetryAgain = false; ///< that write must be tried once more
+
+    QString UseWith;            ///< the catalogue rows that Find offers
+    bool FindCancelled = false; ///< no search was started; a file dialog was left with Cancel
+
+    qint16 OutputTarget = 1;         ///< 1 preview, 2 text file, 3 HTML
+    quint32 HeaderShade = 0x000000;  ///< colour of a report's header, 0xRRGGBB
+    quint32 HeadingShade = 0xC8C8C8; ///< colour of a report's repeated heading row
+
+    QString DateOrder; ///< the order of month, day and year in the system's short date, such as "dmy"
+    QString DateSep;   ///< its separator
+};
+
+} // namespace obelmark

@@ -1,0 +1,134 @@
+#include "editor/EntryWatch.h"
+
+#include "common/SharedState.h"
+#include "store/ErrorHandling.h"
+#include <QApplication>
+#include <QFocusEvent>
+#include <QLineEdit>
+#include <QScopedValueRollback>
+#include <QTabWidget>
+#include <QWidget>
+
+namespace obelmark {
+
+namespace {
+
+bool isLeaving(Qt::FocusReason reason)
+{
+    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
+           reason != Qt::MenuBarFocusReason;
+}
+
+bool isUserInput(QEvent::Type type)
+{
+    return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonRelease ||
+           type == QEvent::MouseButtonDblClick || type == QEvent::Wheel || type == QEvent::KeyPress ||
+           type == QEvent::KeyRelease || type == QEvent::Shortcut;
+}
+
+} // namespace
+
+EntryWatch::EntryWatch(SharedState &shared, QWidget &window)
+    : QObject(&window), m_shared(shared), m_window(window)
+{
+}
+
+void EntryWatch::watch(QWidget *field, Rules rules)
+{
+    if (!rules.onCommit)
+        rules.onCommit = rules.onLeave;
+    m_rules.insert(field, std::move(rules));
+    field->installEventFilter(this);
+}
+
+bool EntryWatch::commitFocusedField()
+{
+    QWidget *field = m_window.focusWidget();
+    const auto rules = m_rules.constFind(field);
+    if (rules == m_rules.cend() || !rules->onCommit)
+        return true;
+    const auto refusal = check(rules->onCommit);
+    if (!refusal)
+        return true;
+    refuse(field, *refusal);
+    return false;
+}
+
+void EntryWatch::focusField(QWidget *field, Qt::FocusReason reason)
+{
+    for (QWidget *page = field; page; page = page->parentWidget()) {
+        QWidget *stack = page->parentWidget();
+        if (auto *tabs = stack ? qobject_cast<QTabWidget *>(stack->parentWidget()) : nullptr)
+            tabs->setCurrentWidget(page);
+    }
+    field->setFocus(reason);
+}
+
+void EntryWatch::selectAllLater(QWidget *lineEdit)
+{
+    auto *edit = qobject_cast<QLineEdit *>(lineEdit);
+    QMetaObject::invokeMethod(
+        edit,
+        [edit] {
+            if (edit->hasFocus())
+                edit->selectAll();
+        },
+        Qt::QueuedConnection);
+}
+
+bool EntryWatch::eventFilter(QObject *object, QEvent *event)
+{
+    if (m_pending && isUserInput(event->type()) && !m_rules.contains(object))
+        return true;
+    const auto rules = m_rules.constFind(object);
+    if (rules == m_rules.cend())
+        return false;
+    if (m_pending && isUserInput(event->type()))
+        return true;
+    const bool isFocusEvent = event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut;
+    if (!isFocusEvent || !isLeaving(static_cast<QFocusEvent *>(event)->reason()))
+        return false;
+    if (event->type() == QEvent::FocusIn && rules->onEnter)
+        rules->onEnter();
+    else if (event->type() == QEvent::FocusOut && !m_returning && !m_pending)
+        leave(qobject_cast<QWidget *>(object));
+    return false;
+}
+
+void EntryWatch::leave(QWidget *field)
+{
+    const auto onLeave = m_rules.value(field).onLeave;
+    if (!onLeave || !m_window.isVisible())
+        return;
+    const auto refusal = check(onLeave);
+    if (!refusal)
+        return;
+    m_pending = true;
+    qApp->installEventFilter(this);
+    QMetaObject::invokeMethod(
+        this,
+        [this, field, refusal] {
+            qApp->removeEventFilter(this);
+            m_pending = false;
+            refuse(field, *refusal);
+        },
+        Qt::QueuedConnection);
+}
+
+void EntryWatch::refuse(QWidget *field, const Refusal &refusal)
+{
+    m_shared.desktop.showMessage(refusal.text, QString::fromUtf16(applicationTitle), refusal.icon);
+    // The field that the focus comes back from has not been touched.
+    const QScopedValueRollback returning(m_returning, true);
+    focusField(field);
+}
+
+std::optional<EntryWatch::Refusal>
+EntryWatch::check(const std::function<std::optional<Refusal>()> &rule) const
+{
+    std::optional<Refusal> refusal;
+    attempt(m_shared, [&] { refusal = rule(); });
+    return refusal;
+}
+
+} // namespace obelmark

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "desktop/Desktop.h"
+#include <QHash>
+#include <QObject>
+#include <functional>
+#include <optional>
+
+class QWidget;
+
+namespace obelmark {
+
+struct SharedState;
+
+/// Watches the focus of entry fields: what happens when one is entered, and the check when the user leaves
+/// it. A refused value is told in a message box and the focus put back into its field.
+///
+/// A window that becomes inactive, a drop-down or a menu is not leaving. The check runs at once; the message
+/// box comes when the event that moved the focus is done, and until then the clicks that belong to that event
+/// are swallowed: a press on a button next to a wrong price must not act on it.
+class EntryWatch : public QObject
+{
+    Q_OBJECT
+public:
+    struct Refusal
+    {
+        QString text;
+        Desktop::Icon icon = Desktop::Icon::None;
+    };
+    struct Rules
+    {
+        std::function<void()> onEnter;
+        std::function<std::optional<Refusal>()> onLeave;
+        /// For a command that no focus change comes before, such as an access key; onLeave when it is not
+        /// set.
+        std::function<std::optional<Refusal>()> onCommit;
+    };
+
+    EntryWatch(SharedState &shared, QWidget &window);
+
+    void watch(QWidget *field, Rules rules);
+
+    bool isRefusalPending() const { return m_pending; }
+    /// Does for the field with the focus what leaving it would do. Answers false, after the message, when its
+    /// value is refused.
+    bool commitFocusedField();
+
+    /// Brings a field's page to the front and gives it the focus.
+    static void focusField(QWidget *field, Qt::FocusReason reason = Qt::OtherFocusReason);
+    /// Queues selecting the whole text of a line edit: the mouse press that brought the focus would undo it.
+    static void selectAllLater(QWidget *lineEdit);
+
+protected:
+    bool eventFilter(QObject *object, QEvent *event) override;
+
+private:
+    void refuse(QWidget *field, const Refusal &refusal);
+    void leave(QWidget *field);
+    /// Runs a rule; its errors go to the shared error handler.
+    std::optional<Refusal> check(const std::function<std::optional<Refusal>()> &rule) const;
+
+    SharedState &m_shared;
+    QWidget &m_window;
+    QHash<QObject *, Rules> m_rules;
+    bool m_pending = false;
+    bool m_returning = false;
+};
+
+} // namespace obelmark

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QComboBox>
+#include <optional>
+
+namespace obelmark {
+
+/// A drop-down list over the entries of a lookup table, each with its row's key as item data. The user picks
+/// one entry and types nothing; Backspace and Delete empty the selection.
+class LookupList : public QComboBox
+{
+    Q_OBJECT
+public:
+    using QComboBox::QComboBox;
+
+    /// The key of the selected entry; nothing when none is selected.
+    std::optional<qint64> key() const;
+    /// Selects the first entry with that key; nothing when there is none.
+    void selectKey(std::optional<qint64> key);
+
+signals:
+    /// A key meant for the list was pressed: any but those that move the focus, open menus or ask for help.
+    void keyDown();
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+};
+
+} // namespace obelmark

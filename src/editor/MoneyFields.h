@@ -1,0 +1,43 @@
+#pragma once
+
+#include "editor/EntryWatch.h"
+#include <QObject>
+#include <vector>
+
+class QLineEdit;
+
+namespace obelmark {
+
+class CoinFields;
+class MoneyControl;
+struct SharedState;
+
+/// The money fields, the quantity and the three totals: what the user typed is checked when a field is left,
+/// shown as money, and each total kept at its unit price times the quantity.
+class MoneyFields : public QObject
+{
+    Q_OBJECT
+public:
+    MoneyFields(QWidget &window, CoinFields &fields, EntryWatch &watch, SharedState &shared);
+
+private:
+    struct Unit
+    {
+        MoneyControl *price;
+        MoneyControl *total;
+    };
+
+    std::optional<EntryWatch::Refusal> leaveUnit(const Unit &unit);
+    std::optional<EntryWatch::Refusal> leaveFace();
+    std::optional<EntryWatch::Refusal> leaveQuantity();
+    void recomputeTotals();
+    void showTotal(const Unit &unit);
+    bool isNumber(const QString &text) const;
+
+    SharedState &m_shared;
+    QLineEdit *m_quantity;
+    MoneyControl *m_face;
+    std::vector<Unit> m_units;
+};
+
+} // namespace obelmark

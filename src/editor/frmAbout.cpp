@@ -1,0 +1,43 @@
+#include "editor/frmAbout.h"
+
+#include "desktop/Desktop.h"
+#include "ui_frmAbout.h"
+#include <QKeyEvent>
+#include <QUrl>
+
+namespace obelmark {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr char16_t webPage[] = u"https://obelmark.example/";
+
+}
+
+frmAbout::frmAbout(Desktop &desktop, QWidget *parent)
+    : QWidget(parent, Qt::Dialog), m_desktop(desktop), m_ui(std::make_unique<Ui::frmAbout>())
+{
+    setAttribute(Qt::WA_DeleteOnClose);
+    m_ui->setupUi(this);
+    const QString address = QString::fromUtf16(webPage);
+    m_ui->Label9->setText(u"<a href=\"%1\">%1</a>"_s.arg(address));
+    connect(m_ui->Label9, &QLabel::linkActivated, this,
+            [this](const QString &link) { m_desktop.openWebPage(QUrl(link)); });
+    connect(m_ui->cmdOK, &QPushButton::clicked, this, &QWidget::close);
+    m_ui->cmdOK->setFocus();
+}
+
+frmAbout::~frmAbout() = default;
+
+void frmAbout::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape)
+        close();
+    else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        m_ui->cmdOK->click();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+} // namespace obelmark

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+namespace obelmark {
+
+class Desktop;
+namespace Ui {
+class frmAbout;
+}
+
+/// Product name, version and a link to the product's web page.
+class frmAbout : public QWidget
+{
+    Q_OBJECT
+public:
+    frmAbout(Desktop &desktop, QWidget *parent);
+    ~frmAbout() override;
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    Desktop &m_desktop;
+    std::unique_ptr<Ui::frmAbout> m_ui;
+};
+
+} // namespace obelmark

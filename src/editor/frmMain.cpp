@@ -1,0 +1,356 @@
+#include "editor/frmMain.h"
+
+#include "common/SharedState.h"
+#include "common/TextHelpers.h"
+#include "dates/DateField.h"
+#include "dates/DateFormat.h"
+#include "desktop/Desktop.h"
+#include "editor/CoinFields.h"
+#include "editor/EntryWatch.h"
+#include "editor/LookupList.h"
+#include "editor/LookupLists.h"
+#include "editor/MoneyFields.h"
+#include "editor/frmAbout.h"
+#include "runtime/Dates.h"
+#include "store/CoinFile.h"
+#include "store/ErrorHandling.h"
+#include "ui_frmMain.h"
+#include <QActionGroup>
+#include <QCloseEvent>
+#include <QDir>
+#include <QKeyEvent>
+#include <QScopeGuard>
+#include <QShortcut>
+
+namespace obelmark {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The tab stops in their order; the total fields are none.
+constexpr const char16_t *tabOrder[] = {
+    u"txtDescr",       u"txtCatNum",   u"txtFace",    u"txtYear",     u"chkWantList", u"txtQuantity",
+    u"cmbCon",         u"cmbCou",      u"cmbMin",     u"cmbCat",      u"cmbTyp",      u"cmbFor",
+    u"txtSerNum",      u"txtMetal",    u"txtErrors",  u"dcIssueDate", u"cmbBou",      u"txtPricePaid",
+    u"dcPurchaseDate", u"txtCatValue", u"dcSoldDate", u"chkForSale",  u"chkSold",     u"txtPriceAsk",
+    u"cmdSoldSome",    u"txtNotes",    u"txtMisc1",   u"txtMisc2",    u"Tab1",        u"cmdFirst",
+    u"cmdPrevious",    u"cmdNext",     u"cmdLast",    u"cmdAddNew",   u"cmdDelete",   u"cmdFind",
+    u"cmdCancel",      u"cmdUpdate",   u"cmdPicture",
+};
+
+struct DateRow
+{
+    const char16_t *field;
+    /// The message when a text that is no date is left; the purchase date has no check.
+    const char16_t *message;
+};
+
+constexpr DateRow dateTable[] = {
+    {u"dcIssueDate", u"You must enter a valid issue date, or leave the field blank."},
+    {u"dcPurchaseDate", nullptr},
+    {u"dcSoldDate", u"You must enter a valid sold date, or leave the field blank."},
+};
+
+/// The menu items whose windows are still to come.
+constexpr const char16_t *comingItems[] = {
+    u"mnuBackup",     u"mnuPack",    u"mnuMaint_1",    u"mnuMaint_2",   u"mnuMaint_3",  u"mnuMaint_4",
+    u"mnuMaint_5",    u"mnuMaint_6", u"mnuMaint_7",    u"mnuRpt_1",     u"mnuRpt_2",    u"mnuRpt_3",
+    u"mnuRpt_4",      u"mnuRpt_5",   u"mnuRpt_6",      u"mnuRpt_7",     u"mnuRptValue", u"mnuRptWant",
+    u"mnuRptForSale", u"mnuRptSold", u"mnuRptSellers", u"mnuRptCustom",
+};
+
+/// Whether the Tab key may stop here now: hidden buttons and disabled fields are passed over, hidden pages
+/// not.
+bool isTabStop(const QWidget &widget)
+{
+    return widget.isEnabled() && !widget.isHidden();
+}
+
+} // namespace
+
+frmMain::frmMain(SharedState &shared) : m_shared(shared), m_ui(std::make_unique<Ui::frmMain>())
+{
+    m_ui->setupUi(this);
+    m_fields = std::make_unique<CoinFields>(*this, shared);
+    m_watch = new EntryWatch(shared, *this);
+    new MoneyFields(*this, *m_fields, *m_watch, shared);
+    connectFields();
+    connectButtons();
+    connectMenus();
+}
+
+frmMain::~frmMain() = default;
+
+void frmMain::connectFields()
+{
+    const auto changed = [this] { MakingChange(); };
+    for (QWidget *widget : m_fields->entryWidgets()) {
+        if (auto *edit = qobject_cast<QLineEdit *>(widget))
+            connect(edit, &QLineEdit::textChanged, this, changed);
+        else if (auto *notes = qobject_cast<QPlainTextEdit *>(widget))
+            connect(notes, &QPlainTextEdit::textChanged, this, changed);
+        else if (auto *date = qobject_cast<DateField *>(widget))
+            connect(date, &QComboBox::editTextChanged, this, changed);
+        else if (auto *box = qobject_cast<QCheckBox *>(widget))
+            connect(box, &QCheckBox::toggled, this, changed);
+        else if (auto *list = qobject_cast<LookupList *>(widget)) {
+            connect(list, &QComboBox::currentIndexChanged, this, changed);
+            connect(list, &QComboBox::activated, this, changed);
+            connect(list, &LookupList::keyDown, this, changed);
+        }
+    }
+    // What never takes input looks like the page, not like a field.
+    for (QLineEdit *total : {m_ui->txtTotalPaid, m_ui->txtTotalVal, m_ui->txtTotalSales}) {
+        QPalette palette = total->palette();
+        palette.setBrush(QPalette::Base, palette.brush(QPalette::Window));
+        total->setPalette(palette);
+    }
+    connect(m_ui->chkSold, &QCheckBox::toggled, this, &frmMain::chkSold_Click);
+    connect(m_ui->chkWantList, &QCheckBox::toggled, this, &frmMain::chkWantList_Click);
+
+    for (const DateRow &row : dateTable) {
+        auto *field = findChild<DateField *>(QString::fromUtf16(row.field));
+        connect(field, &DateField::dropDown, this, [this] { sayNotAvailable(u"The calendar"_s); });
+        if (!row.message)
+            continue;
+        const QString message = QString::fromUtf16(row.message);
+        m_watch->watch(field, {{},
+                               [this, field, message]() -> std::optional<EntryWatch::Refusal> {
+                                   if (field->text().isEmpty() || isDate(field->text(), m_shared.regional))
+                                       return {};
+                                   return EntryWatch::Refusal{message};
+                               },
+                               {}});
+    }
+}
+
+void frmMain::connectButtons()
+{
+    const std::pair<QPushButton *, void (frmMain::*)()> buttons[] = {
+        {m_ui->cmdFirst, &frmMain::cmdFirst_Click},   {m_ui->cmdPrevious, &frmMain::cmdPrevious_Click},
+        {m_ui->cmdNext, &frmMain::cmdNext_Click},     {m_ui->cmdLast, &frmMain::cmdLast_Click},
+        {m_ui->cmdAddNew, &frmMain::cmdAddNew_Click}, {m_ui->cmdDelete, &frmMain::cmdDelete_Click},
+        {m_ui->cmdFind, &frmMain::cmdFind_Click},     {m_ui->cmdCancel, &frmMain::cmdCancel_Click},
+        {m_ui->cmdUpdate, &frmMain::cmdUpdate_Click},
+    };
+    for (const auto &[button, handler] : buttons)
+        connect(button, &QPushButton::clicked, this,
+                [this, click = handler] { run([&] { (this->*click)(); }); });
+    connect(m_ui->cmdPicture, &QPushButton::clicked, this,
+            [this] { sayNotAvailable(u"The picture window"_s); });
+    connect(m_ui->cmdSoldSome, &QPushButton::clicked, this, [this] { sayNotAvailable(u"Sold Some"_s); });
+    // A button that the state hides keeps its place, so that the others stay under the hand.
+    const auto allButtons = findChildren<QPushButton *>();
+    for (QPushButton *button : allButtons) {
+        QSizePolicy policy = button->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        button->setSizePolicy(policy);
+    }
+}
+
+void frmMain::connectMenus()
+{
+    const auto connectGroup = [this](const QString &name, int count, void (frmMain::*click)(int)) {
+        QActionGroup *group = nullptr;
+        for (int index = 1; index <= count; ++index) {
+            auto *item = findChild<QAction *>(u"%1_%2"_s.arg(name, QString::number(index)));
+            if (item->isCheckable()) {
+                if (!group)
+                    group = new QActionGroup(this);
+                group->addAction(item);
+            }
+            connect(item, &QAction::triggered, this, [=, this] { run([&] { (this->*click)(index); }); });
+        }
+    };
+    connectGroup(u"mnuSort"_s, 3, &frmMain::mnuSort_Click);
+    connectGroup(u"mnuRptOut"_s, 3, &frmMain::mnuRptOut_Click);
+    connectGroup(u"mnuHelp"_s, 3, &frmMain::mnuHelp_Click);
+    connect(m_ui->mnuAbout, &QAction::triggered, this, &frmMain::mnuAbout_Click);
+    connect(m_ui->mnuExit, &QAction::triggered, this, &frmMain::mnuExit_Click);
+    for (const char16_t *name : comingItems) {
+        auto *item = findChild<QAction *>(QString::fromUtf16(name));
+        connect(item, &QAction::triggered, this,
+                [this, item] { sayNotAvailable(item->text().remove(u'&')); });
+    }
+    auto *help = new QShortcut(Qt::Key_F1, this);
+    connect(help, &QShortcut::activated, this, [this] { showHelpFor(focusWidget()); });
+    const auto menus = findChildren<QMenu *>();
+    for (QMenu *menu : menus)
+        menu->installEventFilter(this);
+}
+
+void frmMain::Form_Load()
+{
+    const auto step = [this](const std::function<void()> &statement) {
+        try {
+            attempt(m_shared, statement);
+        } catch (const DatabaseRepaired &) {
+            attempt(m_shared, statement);
+        }
+    };
+    step([&] { ChkDateFmt(m_shared); });
+    markAllLookupListsStale(m_shared);
+    m_shared.OutputTarget = 1;
+    m_shared.SortOrder = 1;
+    m_shared.HeaderShade = 0x000000;
+    m_shared.HeadingShade = 0xC8C8C8;
+    m_shared.AppFolder = QDir::currentPath();
+    if (!m_shared.AppFolder.endsWith(u'/'))
+        m_shared.AppFolder += u'/';
+    step([&] {
+        if (!QDir(pathInAnyCase(m_shared.AppFolder, u"images"_s)).exists() &&
+            !QDir(m_shared.AppFolder).mkdir(u"images"_s))
+            throw runtimeError(PathFileAccess);
+    });
+    m_shared.HelpFilePath = pathInAnyCase(m_shared.AppFolder, u"coin.hlp"_s);
+    m_shared.DatabasePath = pathInAnyCase(m_shared.AppFolder, u"coin.mdb"_s);
+    step([&] { m_shared.CoinDatabase = openCoinDatabase(m_shared.DatabasePath); });
+    step([&] { Form_Activate(); });
+    step([&] { m_shared.CoinRecordset = openCoins(coinDatabase(m_shared), m_shared.SortOrder); });
+    run([&] {
+        if (coins().isEmpty()) {
+            showEmptyTable();
+        } else {
+            coins().moveLast();
+            coins().moveFirst();
+            ShowCoinRecord();
+        }
+    });
+    Editing = false;
+    m_shared.PictureChanged = false;
+    Adding = false;
+    ShowCoinBrowseButtons();
+    m_ui->txtDescr->setFocus();
+}
+
+void frmMain::Form_Activate()
+{
+    const bool wasBrowsing = !Editing && !Adding;
+    if (wasBrowsing)
+        Editing = true;
+    const auto restore = qScopeGuard([&] {
+        if (wasBrowsing)
+            Editing = false;
+    });
+    reloadStaleLookupLists(*this, m_shared);
+}
+
+void frmMain::Form_Unload()
+{
+    attempt(m_shared, [&] {
+        if (m_shared.CoinRecordset)
+            m_shared.CoinRecordset->close();
+    });
+    m_shared.CoinRecordset.reset();
+    m_shared.CoinDatabase.reset();
+}
+
+bool frmMain::event(QEvent *event)
+{
+    // At the very first activation everything has just been loaded and no list is stale.
+    if (event->type() == QEvent::WindowActivate && m_shared.CoinDatabase)
+        run([&] { Form_Activate(); });
+    return QMainWindow::event(event);
+}
+
+void frmMain::closeEvent(QCloseEvent *event)
+{
+    Form_Unload();
+    event->accept();
+    emit unloaded();
+}
+
+bool frmMain::eventFilter(QObject *object, QEvent *event)
+{
+    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent *>(event)->key() == Qt::Key_F1) {
+        auto *menu = qobject_cast<QMenu *>(object);
+        const QObject *item = menu->activeAction();
+        showHelpFor(item ? item : menu);
+        return true;
+    }
+    return QMainWindow::eventFilter(object, event);
+}
+
+// The pages of the tab control follow each other: Tab on the last field of one goes to the first of the next.
+bool frmMain::focusNextPrevChild(bool next)
+{
+    const int count = int(std::size(tabOrder));
+    const QWidget *focused = focusWidget();
+    // Not the Tab key: the page with the focus is being turned over.
+    if (focused && !focused->isVisibleTo(this))
+        return QMainWindow::focusNextPrevChild(next);
+    int position = next ? -1 : count;
+    for (int i = 0; i < count; ++i) {
+        const auto *stop = findChild<QWidget *>(QString::fromUtf16(tabOrder[i]));
+        if (stop == focused || (stop == m_ui->Tab1 && focused == m_ui->Tab1->tabBar()))
+            position = i;
+    }
+    for (int step = 1; step <= count; ++step) {
+        const int candidate = ((next ? position + step : position - step) + 2 * count) % count;
+        auto *stop = findChild<QWidget *>(QString::fromUtf16(tabOrder[candidate]));
+        if (!isTabStop(*stop))
+            continue;
+        if (stop == m_ui->Tab1)
+            stop = m_ui->Tab1->tabBar();
+        EntryWatch::focusField(stop, next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+        return true;
+    }
+    return false;
+}
+
+void frmMain::mnuSort_Click(int index)
+{
+    m_shared.SortOrder = qint16(index);
+    m_shared.CoinRecordset = openCoins(coinDatabase(m_shared), index);
+    if (coins().isEmpty()) {
+        showEmptyTable();
+    } else {
+        coins().moveLast();
+        coins().moveFirst();
+        ShowCoinRecord();
+    }
+}
+
+void frmMain::mnuRptOut_Click(int index)
+{
+    m_shared.OutputTarget = qint16(index);
+}
+
+void frmMain::mnuHelp_Click(int index)
+{
+    if (index == 1)
+        m_shared.desktop.showHelpContents(m_shared.HelpFilePath);
+    else if (index == 2)
+        m_shared.desktop.showHelpSearch(m_shared.HelpFilePath);
+    else
+        m_shared.desktop.showHelpOnHelp(m_shared.HelpFilePath);
+}
+
+void frmMain::mnuAbout_Click()
+{
+    (new frmAbout(m_shared.desktop, this))->show();
+}
+
+void frmMain::mnuExit_Click()
+{
+    m_shared.desktop.endProgram();
+}
+
+void frmMain::sayNotAvailable(const QString &what)
+{
+    m_shared.desktop.showMessage(u"%1 is not available yet."_s.arg(what));
+}
+
+void frmMain::showHelpFor(const QObject *object)
+{
+    for (; object; object = object->parent()) {
+        const QVariant topic = object->property("helpTopic");
+        if (topic.isValid()) {
+            m_shared.desktop.showHelpTopic(m_shared.HelpFilePath, topic.toInt());
+            return;
+        }
+    }
+}
+
+} // namespace obelmark

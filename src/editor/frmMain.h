@@ -1,0 +1,106 @@
+#pragma once
+
+#include <QMainWindow>
+#include <functional>
+#include <memory>
+
+class QAbstractButton;
+
+namespace obelmark {
+
+class CoinFields;
+class Dynaset;
+class EntryWatch;
+class MoneyFields;
+struct SharedState;
+namespace Ui {
+class frmMain;
+}
+
+/// The main window: opens the coin database, carries the menu bar, and is itself the editor of one coin at a
+/// time.
+///
+/// Three states: browsing (the fields show the current row of CoinRecordset), editing (the user has changed a
+/// field) and adding (the fields are a coin that is not in the database yet).
+class frmMain : public QMainWindow
+{
+    Q_OBJECT
+public:
+    explicit frmMain(SharedState &shared);
+    ~frmMain() override;
+
+    /// Start-up: learns the date format, sets the shared state, opens the database and shows the first coin.
+    /// To be called once, before the window is shown.
+    void Form_Load();
+
+    /// Enters the editing state when the editor is browsing; called by every change that the user makes.
+    void MakingChange();
+
+signals:
+    /// The window has been closed and has let go of the database.
+    void unloaded();
+
+protected:
+    bool event(QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+    bool eventFilter(QObject *object, QEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
+
+private:
+    // Start-up, activation, menus (frmMain.cpp)
+    void connectMenus();
+    void connectButtons();
+    void connectFields();
+    void Form_Activate();
+    void Form_Unload();
+    void mnuSort_Click(int index);
+    void mnuRptOut_Click(int index);
+    void mnuHelp_Click(int index);
+    void mnuAbout_Click();
+    void mnuExit_Click();
+    void sayNotAvailable(const QString &what);
+    void showHelpFor(const QObject *object);
+
+    // Display, navigation and editing (frmMainEditing.cpp)
+    void ShowCoinRecord();
+    void ClearCoinFields();
+    void showEmptyTable();
+    void DisableCoinFields();
+    void EnableCoinFields();
+    void ShowCoinEditButtons();
+    void ShowCoinBrowseButtons();
+    bool ValidateCoin();
+    void SaveCoinRecord();
+    void cmdFirst_Click();
+    void cmdPrevious_Click();
+    void cmdNext_Click();
+    void cmdLast_Click();
+    void cmdFind_Click();
+    void cmdAddNew_Click();
+    void cmdUpdate_Click();
+    void cmdCancel_Click();
+    void cmdDelete_Click();
+    void chkSold_Click();
+    void chkWantList_Click();
+    void deletePicture(const QString &file);
+    void returnToBrowsing();
+
+    /// Runs an event's procedure; what it does not handle itself goes to the shared error handler.
+    void run(const std::function<void()> &procedure);
+    void resumeAfterRepair();
+    Dynaset &coins();
+    /// Fills fields from code with Editing raised, so that their change signals are not taken for the user's.
+    void fillFields(const std::function<void()> &fill);
+
+    SharedState &m_shared;
+    std::unique_ptr<Ui::frmMain> m_ui;
+    std::unique_ptr<CoinFields> m_fields;
+    EntryWatch *m_watch = nullptr;
+
+    bool Editing = false;
+    bool Adding = false;
+    bool m_filling = false;
+    qint64 m_shownCoinId = 0;
+};
+
+} // namespace obelmark

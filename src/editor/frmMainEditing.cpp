@@ -1,0 +1,336 @@
+// The editor's side of the main window: showing, moving, adding, changing and deleting coins.
+#include "common/SharedState.h"
+#include "dates/DateField.h"
+#include "desktop/Desktop.h"
+#include "editor/CoinFields.h"
+#include "editor/EntryWatch.h"
+#include "editor/LookupList.h"
+#include "editor/frmMain.h"
+#include "pictures/PictureFiles.h"
+#include "runtime/Numbers.h"
+#include "store/CoinFile.h"
+#include "store/ErrorHandling.h"
+#include "ui_frmMain.h"
+#include <QFile>
+#include <QScopeGuard>
+
+namespace obelmark {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr char16_t addNewCaption[] = u"&Add New";
+constexpr char16_t addAnotherCaption[] = u"&Add Another";
+
+QString keyCriteria(qint64 coinId)
+{
+    return u"CoinID = %1"_s.arg(coinId);
+}
+
+} // namespace
+
+void frmMain::run(const std::function<void()> &procedure)
+{
+    if (m_watch->isRefusalPending())
+        return;
+    try {
+        attempt(m_shared, procedure);
+    } catch (const DatabaseRepaired &) {
+        resumeAfterRepair();
+    }
+}
+
+// The repair has put CoinRecordset on its first row. What the user was typing is kept: a changed coin goes on
+// being changed, and when the damage has cost it its row, it goes on as a new one.
+void frmMain::resumeAfterRepair()
+{
+    if (Editing && !Adding) {
+        coins().findFirst(keyCriteria(m_shownCoinId));
+        if (coins().noMatch()) {
+            Editing = false;
+            Adding = true;
+            m_ui->cmdAddNew->setText(QString::fromUtf16(addAnotherCaption));
+            m_ui->cmdAddNew->show();
+        }
+    } else if (!Adding) {
+        if (coins().isEmpty())
+            showEmptyTable();
+        else
+            ShowCoinRecord();
+    }
+}
+
+Dynaset &frmMain::coins()
+{
+    return coinRecordset(m_shared);
+}
+
+void frmMain::fillFields(const std::function<void()> &fill)
+{
+    Editing = true;
+    m_filling = true;
+    const auto done = qScopeGuard([&] {
+        Editing = false;
+        m_filling = false;
+    });
+    fill();
+}
+
+void frmMain::ShowCoinRecord()
+{
+    fillFields([&] {
+        m_fields->showRow();
+        m_shownCoinId = coins().value(u"coinid").toInt();
+    });
+}
+
+void frmMain::ClearCoinFields()
+{
+    fillFields([&] { m_fields->clear(); });
+}
+
+void frmMain::showEmptyTable()
+{
+    ClearCoinFields();
+    DisableCoinFields();
+}
+
+void frmMain::DisableCoinFields()
+{
+    m_fields->setEnabled(false);
+}
+
+void frmMain::EnableCoinFields()
+{
+    m_fields->setEnabled(true);
+}
+
+void frmMain::MakingChange()
+{
+    if (Editing || Adding)
+        return;
+    Editing = true;
+    ShowCoinEditButtons();
+    m_ui->cmdAddNew->hide();
+}
+
+void frmMain::ShowCoinEditButtons()
+{
+    for (QWidget *button : {m_ui->cmdFirst, m_ui->cmdPrevious, m_ui->cmdNext, m_ui->cmdLast, m_ui->cmdPicture,
+                            m_ui->cmdFind, m_ui->cmdDelete, m_ui->cmdSoldSome})
+        button->hide();
+    for (QWidget *button : {m_ui->cmdCancel, m_ui->cmdUpdate})
+        button->show();
+    for (QAction *item : {m_ui->mnuSort_1, m_ui->mnuSort_2, m_ui->mnuSort_3, m_ui->mnuExit})
+        item->setEnabled(false);
+}
+
+void frmMain::ShowCoinBrowseButtons()
+{
+    for (QWidget *button : {m_ui->cmdFirst, m_ui->cmdPrevious, m_ui->cmdNext, m_ui->cmdLast, m_ui->cmdPicture,
+                            m_ui->cmdFind, m_ui->cmdDelete, m_ui->cmdAddNew, m_ui->cmdSoldSome})
+        button->show();
+    // The hand that pressed one of these goes on to the next coin.
+    const bool focusGoes = m_ui->cmdCancel->hasFocus() || m_ui->cmdUpdate->hasFocus();
+    for (QWidget *button : {m_ui->cmdCancel, m_ui->cmdUpdate})
+        button->hide();
+    if (focusGoes)
+        m_ui->cmdNext->setFocus();
+    for (QAction *item : {m_ui->mnuSort_1, m_ui->mnuSort_2, m_ui->mnuSort_3, m_ui->mnuExit})
+        item->setEnabled(true);
+}
+
+void frmMain::returnToBrowsing()
+{
+    ShowCoinBrowseButtons();
+    m_ui->cmdAddNew->setText(QString::fromUtf16(addNewCaption));
+    Editing = false;
+    Adding = false;
+}
+
+void frmMain::cmdFirst_Click()
+{
+    if (coins().isEmpty())
+        return;
+    coins().moveFirst();
+    ShowCoinRecord();
+}
+
+void frmMain::cmdPrevious_Click()
+{
+    if (coins().isEmpty())
+        return;
+    coins().movePrevious();
+    if (coins().bof()) {
+        m_shared.desktop.beep();
+        coins().moveFirst();
+    }
+    ShowCoinRecord();
+}
+
+void frmMain::cmdNext_Click()
+{
+    if (coins().isEmpty())
+        return;
+    coins().moveNext();
+    if (coins().eof()) {
+        m_shared.desktop.beep();
+        coins().moveLast();
+    }
+    ShowCoinRecord();
+}
+
+void frmMain::cmdLast_Click()
+{
+    if (coins().isEmpty())
+        return;
+    coins().moveLast();
+    ShowCoinRecord();
+}
+
+void frmMain::cmdFind_Click()
+{
+    if (coins().isEmpty()) {
+        m_shared.desktop.showMessage(u"No coins entered to find."_s, u"No Coins in Database"_s);
+        return;
+    }
+    sayNotAvailable(u"Find"_s);
+}
+
+void frmMain::cmdAddNew_Click()
+{
+    if (Adding) {
+        if (!m_watch->commitFocusedField() || !ValidateCoin())
+            return;
+        attempt(m_shared, [&] { coins().addNew(); });
+        SaveCoinRecord();
+    } else {
+        Adding = true;
+        if (!coins().isEmpty())
+            attempt(m_shared, [&] { coins().moveLast(); });
+        else
+            EnableCoinFields();
+        ShowCoinEditButtons();
+        m_ui->cmdAddNew->setText(QString::fromUtf16(addAnotherCaption));
+    }
+    ClearCoinFields();
+    EntryWatch::focusField(m_ui->txtDescr);
+}
+
+void frmMain::cmdUpdate_Click()
+{
+    if (!m_watch->commitFocusedField() || !ValidateCoin())
+        return;
+    qint64 key = 1;
+    if (Adding) {
+        attempt(m_shared, [&] { coins().addNew(); });
+        attempt(m_shared, [&] {
+            const Value counter = coins().value(u"coinid");
+            key = counter.isNull() ? 1 : counter.toInt();
+        });
+        SaveCoinRecord();
+        m_ui->cmdAddNew->setText(QString::fromUtf16(addNewCaption));
+    } else {
+        attempt(m_shared, [&] { key = coins().value(u"coinid").toInt(); });
+        attempt(m_shared, [&] { coins().edit(); });
+        SaveCoinRecord();
+    }
+    attempt(m_shared, [&] {
+        coins().findFirst(keyCriteria(key));
+        if (coins().noMatch())
+            coins().moveFirst();
+    });
+    attempt(m_shared, [&] { ShowCoinRecord(); });
+    returnToBrowsing();
+}
+
+void frmMain::cmdCancel_Click()
+{
+    if (!coins().isEmpty()) {
+        coins().moveLast();
+        ShowCoinRecord();
+    } else {
+        showEmptyTable();
+    }
+    returnToBrowsing();
+    m_shared.PictureChanged = false;
+}
+
+void frmMain::cmdDelete_Click()
+{
+    if (coins().bof() && coins().eof())
+        return;
+    const auto answer = m_shared.desktop.askYesNo(u"Are you sure that you want to delete this Coin record?"_s,
+                                                  u"Delete Coin"_s);
+    if (answer == Desktop::Answer::No)
+        return;
+    // The picture goes when its coin is surely gone.
+    QString picture;
+    attempt(m_shared,
+            [&] { picture = findPictureFile(m_shared.AppFolder, coins().value(u"coinid").toInt()); });
+    if (writeWithRetry(m_shared, [&] { coins().remove(); }))
+        deletePicture(picture);
+    attempt(m_shared, [&] {
+        coins().moveNext();
+        if (coins().isEmpty()) {
+            showEmptyTable();
+            return;
+        }
+        if (coins().eof())
+            coins().movePrevious();
+        ShowCoinRecord();
+    });
+}
+
+void frmMain::deletePicture(const QString &file)
+{
+    if (!file.isEmpty() && !QFile::remove(file))
+        m_shared.desktop.showMessage(u"The picture file '%1' could not be deleted."_s.arg(file));
+}
+
+bool frmMain::ValidateCoin()
+{
+    const auto refuse = [this](QWidget *field, const QString &text, const QString &title) {
+        m_shared.desktop.showMessage(text, title);
+        EntryWatch::focusField(field);
+        return false;
+    };
+    if (m_ui->txtDescr->text().isEmpty() && m_ui->txtCatNum->text().isEmpty() &&
+        m_ui->txtFace->text().isEmpty())
+        return refuse(
+            m_ui->txtDescr,
+            u"You must enter a description, a catalog number or a face value for this coin or click "
+            "the Cancel button."_s,
+            QString::fromUtf16(applicationTitle));
+    if (!isNumeric(m_ui->txtQuantity->text(), m_shared.regional))
+        return refuse(m_ui->txtQuantity, u"You must enter number in the quantity field."_s,
+                      u"Non-numeric Quantity Entered"_s);
+    if (m_ui->chkForSale->isChecked() && m_ui->chkSold->isChecked())
+        return refuse(m_ui->chkForSale, u"A Coin cannot be for sale and sold at the same time."_s,
+                      u"Sale Status Error"_s);
+    if (m_ui->chkWantList->isChecked() && m_ui->chkForSale->isChecked())
+        return refuse(m_ui->chkWantList,
+                      u"A Coin cannot be both for sale and on your want list at the same time."_s,
+                      u"Want List Error"_s);
+    return true;
+}
+
+void frmMain::SaveCoinRecord()
+{
+    m_fields->writeRow();
+    writeWithRetry(m_shared, [&] { coins().update(); });
+}
+
+void frmMain::chkSold_Click()
+{
+    if (!m_filling && m_ui->chkSold->isChecked() && m_ui->chkForSale->isChecked())
+        m_ui->chkForSale->setChecked(false);
+}
+
+void frmMain::chkWantList_Click()
+{
+    m_ui->lblPrice->setText(m_ui->chkWantList->isChecked() ? u"Will Pay"_s : u"Price Paid"_s);
+}
+
+} // namespace obelmark

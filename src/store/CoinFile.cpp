@@ -1,0 +1,77 @@
+#include "store/CoinFile.h"
+
+#include "common/CatalogueSort.h"
+#include "common/SharedState.h"
+#include "engine/Transaction.h"
+#include "runtime/NumberedError.h"
+#include <array>
+
+namespace obelmark {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QStringList &requiredTables()
+{
+    static const QStringList tables{u"Coin"_s,   u"category"_s, u"condition"_s, u"country"_s,
+                                    u"format"_s, u"mint"_s,     u"type"_s,      u"boughtfrom"_s};
+    return tables;
+}
+
+/// Another tool that changed a catalogue number has left its sort key null.
+void fillCatalogueSortKeys(Database &database)
+{
+    const auto index = database.openSnapshot(
+        u"select name from sqlite_master where type = 'index' and name = 'coin_catsort_stale'"_s);
+    // With the index of just these rows the question costs nothing; left alone, SQLite would scan the table.
+    const auto stale = database.openSnapshot(
+        u"select coinid, catnum from Coin %1 where catsort is null and catnum is not null"_s.arg(
+            index->isEmpty() ? QString() : u"indexed by coin_catsort_stale"_s));
+    if (stale->isEmpty())
+        return;
+    Transaction transaction(database);
+    const auto coins = database.openDynaset(u"select * from Coin"_s);
+    for (; !stale->eof(); stale->moveNext()) {
+        coins->findFirst(u"coinid = %1"_s.arg(stale->value(u"coinid").toInt()));
+        coins->edit();
+        coins->setValue(u"catsort", MakeCatSort(stale->value(u"catnum").toText()));
+        coins->update();
+    }
+    transaction.commit();
+}
+
+} // namespace
+
+std::unique_ptr<Database> openCoinDatabase(const QString &path)
+{
+    auto database = Database::open(path, Database::Access::Exclusive, requiredTables());
+    fillCatalogueSortKeys(*database);
+    return database;
+}
+
+std::unique_ptr<Dynaset> openCoins(Database &database, int sortOrder)
+{
+    static constexpr std::array orders{
+        u"Select * from Coin order by descr",
+        u"Select * from Coin order by catsort, catnum",
+        u"Select * from Coin order by Year",
+    };
+    return database.openDynaset(QString::fromUtf16(orders.at(sortOrder - 1)));
+}
+
+Database &coinDatabase(SharedState &shared)
+{
+    if (!shared.CoinDatabase)
+        throw runtimeError(ObjectNotSet);
+    return *shared.CoinDatabase;
+}
+
+Dynaset &coinRecordset(SharedState &shared)
+{
+    if (!shared.CoinRecordset)
+        throw runtimeError(ObjectNotSet);
+    return *shared.CoinRecordset;
+}
+
+} // namespace obelmark

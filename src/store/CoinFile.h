@@ -1,0 +1,23 @@
+#pragma once
+
+#include "engine/Database.h"
+#include "engine/Dynaset.h"
+#include <QString>
+#include <memory>
+
+namespace obelmark {
+
+struct SharedState;
+
+/// Opens the coin database exclusively and fills the catalogue sort keys that other tools have left empty.
+/// \throws what Database::open() throws
+std::unique_ptr<Database> openCoinDatabase(const QString &path);
+
+/// All coins in one of the three sort orders: 1 description, 2 catalogue number, 3 year.
+std::unique_ptr<Dynaset> openCoins(Database &database, int sortOrder);
+
+/// The shared database and recordset as objects in use. \throws ObjectNotSet (91) when there is none
+Database &coinDatabase(SharedState &shared);
+Dynaset &coinRecordset(SharedState &shared);
+
+} // namespace obelmark

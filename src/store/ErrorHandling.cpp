@@ -1,0 +1,124 @@
+#include "store/ErrorHandling.h"
+
+#include "common/SharedState.h"
+#include "desktop/Desktop.h"
+#include "engine/EngineError.h"
+#include "engine/Repair.h"
+#include "store/CoinFile.h"
+
+namespace obelmark {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int fileDialogCancelled = 32755;
+constexpr int recordLockedByPage = 3168;
+constexpr int retriesBeforeQuestion = 100;
+
+void retryLockedRow(SharedState &shared)
+{
+    shared.LockRetryAgain = true;
+    ++shared.LockRetryCount;
+    if (shared.LockRetryCount < retriesBeforeQuestion)
+        return;
+    const auto answer = shared.desktop.askYesNo(
+        u"Could not update locked record.  Do you wish to try again?"_s, u"Locked Record"_s);
+    if (answer == Desktop::Answer::No)
+        shared.desktop.endProgram();
+    shared.LockRetryCount = 1;
+}
+
+void reportAndEnd(SharedState &shared, const QString &text)
+{
+    shared.desktop.showMessage(text);
+    shared.desktop.endProgram();
+}
+
+QString numberAndText(const NumberedError &error)
+{
+    return u"%1  %2"_s.arg(QString::number(error.number()), error.description());
+}
+
+QString repairText(const RepairReport &report)
+{
+    QString saved;
+    for (const RepairReport::Table &table : report.tables)
+        saved += u"\n%1: %2"_s.arg(table.name, QString::number(table.rowsSaved));
+    return u"The database file was damaged and has been repaired.  The damaged file was kept as '%1'.\n\n"
+           "Records saved in each table:%2"_s.arg(report.damagedFilePath, saved);
+}
+
+void repairCoinDatabase(SharedState &shared)
+{
+    const bool recordsetWasOpen = shared.CoinRecordset != nullptr;
+    shared.CoinRecordset.reset();
+    shared.CoinDatabase.reset();
+    try {
+        const RepairReport report = repairDatabase(shared.DatabasePath, u"Coin"_s);
+        shared.CoinDatabase = openCoinDatabase(shared.DatabasePath);
+        if (recordsetWasOpen)
+            shared.CoinRecordset = openCoins(*shared.CoinDatabase, shared.SortOrder);
+        shared.desktop.showMessage(repairText(report));
+    } catch (const NumberedError &failure) {
+        reportAndEnd(shared, numberAndText(failure));
+    }
+}
+
+} // namespace
+
+void DbErrorHandler(SharedState &shared, const NumberedError &error)
+{
+    switch (error.number()) {
+    case recordLockedByPage:
+    case RecordLocked:
+        retryLockedRow(shared);
+        return;
+    case FileInUse:
+        return;
+    case ObjectNotSet:
+        reportAndEnd(shared, u"There was an error accessing the database file.  Aborting..."_s);
+        return;
+    case ObjectClosed:
+        reportAndEnd(shared,
+                     u"An error has occurred.  You may have forgotten to close a window before packing or "
+                     "backing up the program's database.  Please rerun the program."_s);
+        return;
+    case DatabaseDamaged:
+        repairCoinDatabase(shared);
+        return;
+    case fileDialogCancelled:
+        shared.FindCancelled = true;
+        return;
+    default:
+        reportAndEnd(shared, numberAndText(error));
+    }
+}
+
+bool attempt(SharedState &shared, const std::function<void()> &statement)
+{
+    try {
+        statement();
+        return true;
+    } catch (const NumberedError &error) {
+        const bool wasOpen = shared.CoinDatabase != nullptr;
+        DbErrorHandler(shared, error);
+        if (error.number() == DatabaseDamaged && wasOpen)
+            throw DatabaseRepaired();
+        return false;
+    }
+}
+
+bool writeWithRetry(SharedState &shared, const std::function<void()> &write)
+{
+    shared.LockRetryCount = 0;
+    shared.LockRetryAgain = true;
+    bool written = false;
+    while (shared.LockRetryAgain) {
+        shared.LockRetryAgain = false;
+        written = attempt(shared, write);
+    }
+    return written;
+}
+
+} // namespace obelmark

@@ -1,0 +1,126 @@
+#pragma once
+
+#include "common/SharedState.h"
+#include "dates/DateField.h"
+#include "editor/LookupList.h"
+#include "editor/frmMain.h"
+#include "support/GuiDriver.h"
+#include "support/ScriptedDesktop.h"
+#include "support/TestCollection.h"
+#include <QAction>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTest>
+#include <optional>
+
+namespace obelmark {
+
+using namespace Qt::StringLiterals;
+using Answer = Desktop::Answer;
+using Icon = Desktop::Icon;
+
+/// The program on a collection of its own, its main window open and active, its user scripted.
+class EditorFixture
+{
+public:
+    explicit EditorFixture(const QString &sql = {}, const QLocale &locale = QLocale(u"en_US"_s))
+        : m_locale(locale)
+    {
+        if (!sql.isEmpty())
+            collection.exec(sql);
+    }
+    ~EditorFixture()
+    {
+        if (window)
+            window->close();
+    }
+
+    void start()
+    {
+        shared.emplace(desktop, RegionalSettings(m_locale));
+        window = std::make_unique<frmMain>(*shared);
+        window->Form_Load();
+        window->show();
+        gui::activate(*window);
+    }
+    void close()
+    {
+        window->close();
+        window.reset();
+        shared.reset();
+    }
+
+    template<class Widget>
+    Widget &the(QStringView name) const
+    {
+        return gui::find<Widget>(*window, name.toString());
+    }
+    QLineEdit &edit(QStringView name) const { return the<QLineEdit>(name); }
+    QCheckBox &box(QStringView name) const { return the<QCheckBox>(name); }
+    LookupList &list(QStringView name) const { return the<LookupList>(name); }
+    DateField &date(QStringView name) const { return the<DateField>(name); }
+    QPushButton &button(QStringView name) const { return the<QPushButton>(name); }
+
+    /// Brings the field's page to the front and puts the cursor into it as a user would.
+    void enter(QStringView name) const
+    {
+        auto &field = the<QWidget>(name);
+        for (QWidget *page = &field; page; page = page->parentWidget()) {
+            auto &tabs = the<QTabWidget>(u"Tab1");
+            if (tabs.indexOf(page) >= 0)
+                tabs.setCurrentWidget(page);
+        }
+        QVERIFY(gui::focusByMouse(field));
+        QTest::qWait(1);
+    }
+    void typeInto(QStringView name, const QString &text) const
+    {
+        enter(name);
+        gui::press(Qt::Key_A, Qt::ControlModifier);
+        gui::press(Qt::Key_Delete);
+        gui::type(text);
+    }
+    void press(QStringView buttonName) const
+    {
+        QVERIFY(gui::click(button(buttonName)));
+        QTest::qWait(1);
+    }
+    /// Presses a button by its access key, which takes its time to show the button pressed.
+    void pressByKey(QStringView buttonName, Qt::Key key) const
+    {
+        gui::press(key, Qt::AltModifier);
+        QVERIFY(gui::waitUntil([&] { return !button(buttonName).isDown(); }, "button released"));
+    }
+    QString shownCoin() const { return edit(u"txtDescr").text(); }
+    bool isBrowsing() const
+    {
+        return button(u"cmdNext").isVisible() && button(u"cmdAddNew").isVisible() &&
+               !button(u"cmdUpdate").isVisible() && the<QAction>(u"mnuSort_1").isEnabled();
+    }
+    bool isEditing() const
+    {
+        return !button(u"cmdNext").isVisible() && !button(u"cmdAddNew").isVisible() &&
+               button(u"cmdUpdate").isVisible() && button(u"cmdCancel").isVisible() &&
+               !the<QAction>(u"mnuExit").isEnabled();
+    }
+    bool isAdding() const
+    {
+        return !button(u"cmdNext").isVisible() && button(u"cmdAddNew").text() == u"&Add Another" &&
+               button(u"cmdAddNew").isVisible() && button(u"cmdUpdate").isVisible();
+    }
+
+    TestCollection collection;
+    ScriptedDesktop desktop;
+    std::optional<SharedState> shared;
+    std::unique_ptr<frmMain> window;
+
+private:
+    QLocale m_locale;
+};
+
+} // namespace obelmark

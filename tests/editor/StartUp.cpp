@@ -1,0 +1,110 @@
+#include "EditorFixture.h"
+#include "engine/Database.h"
+#include <QDir>
+#include <QFile>
+
+using namespace obelmark;
+
+namespace {
+
+enum class File { Missing, ZeroBytes, Garbage, InUse };
+
+}
+Q_DECLARE_METATYPE(File)
+
+class StartUpTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void freshFolder()
+    {
+        EditorFixture e;
+        QVERIFY(!QDir(u"images"_s).exists());
+        e.start();
+        QVERIFY(QDir(u"images"_s).exists());
+        QCOMPARE(e.window->windowTitle(), u"Obelmark"_s);
+        QCOMPARE(e.shared->AppFolder, QDir::currentPath() + u'/');
+        QCOMPARE(e.shared->OutputTarget, 1);
+        QVERIFY(e.list(u"cmbCou").count() > 100);
+        QCOMPARE(e.list(u"cmbCou").currentIndex(), -1);
+        QVERIFY(gui::trigger(*e.window, u"mnuRptOut_3"_s));
+        QCOMPARE(e.shared->OutputTarget, 3);
+        QVERIFY(e.the<QAction>(u"mnuRptOut_3").isChecked());
+        QVERIFY(!e.the<QAction>(u"mnuRptOut_1").isChecked());
+        QVERIFY_THROWS_EXCEPTION(ProgramEnded, e.the<QAction>(u"mnuExit").trigger());
+        QCOMPARE(e.desktop.problems(), QStringList());
+    }
+
+    void otherLetterCases()
+    {
+        EditorFixture e;
+        QVERIFY(QFile::rename(u"coin.mdb"_s, u"Coin.MDB"_s));
+        QVERIFY(QDir().mkdir(u"IMAGES"_s));
+        e.start();
+        QVERIFY(e.list(u"cmbCou").count() > 100);
+        QVERIFY(!QDir(u"images"_s).exists());
+    }
+
+    void databaseThatCannotBeOpened_data()
+    {
+        QTest::addColumn<File>("file");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("missing") << File::Missing << u"3024  Could not find file '%1'."_s;
+        QTest::newRow("zero bytes") << File::ZeroBytes << u"3343  Unrecognized database format '%1'."_s;
+        QTest::newRow("garbage") << File::Garbage << u"3343  Unrecognized database format '%1'."_s;
+        QTest::newRow("in use") << File::InUse
+                                << u"There was an error accessing the database file.  Aborting..."_s;
+    }
+    void databaseThatCannotBeOpened()
+    {
+        QFETCH(File, file);
+        QFETCH(QString, message);
+        EditorFixture e;
+        const QString path = QDir::currentPath() + u"/coin.mdb"_s;
+        std::unique_ptr<Database> other;
+        QByteArray content;
+        if (file == File::InUse) {
+            other = Database::open(path, Database::Access::Exclusive, {});
+        } else {
+            QVERIFY(QFile::remove(path));
+            content = file == File::Garbage ? QByteArray("not a database, ").repeated(1000) : QByteArray();
+            QFile written(path);
+            QVERIFY(file == File::Missing ||
+                    (written.open(QIODevice::WriteOnly) && written.write(content) >= 0));
+        }
+        e.desktop.expectMessage(message.contains(u"%1"_s) ? message.arg(path) : message);
+        QVERIFY_THROWS_EXCEPTION(ProgramEnded, e.start());
+        QCOMPARE(e.desktop.problems(), QStringList());
+        QCOMPARE(QFile::exists(path), file != File::Missing);
+        if (file == File::ZeroBytes || file == File::Garbage) {
+            QFile untouched(path);
+            QVERIFY(untouched.open(QIODevice::ReadOnly));
+            QCOMPARE(untouched.readAll(), content);
+        }
+    }
+
+    void everyMenuItemAnswers()
+    {
+        EditorFixture e(u"insert into Coin (descr, quantity) values ('Alpha', 1)"_s);
+        e.start();
+        const auto actions = e.window->findChildren<QAction *>();
+        int asked = 0;
+        for (QAction *action : actions) {
+            const QString name = action->objectName();
+            if (!name.startsWith(u"mnu") || action->isSeparator() || action->menu() || name == u"mnuExit")
+                continue;
+            QVERIFY2(action->property("helpTopic").toInt() > 0, qPrintable(name));
+            action->trigger();
+            ++asked;
+        }
+        QCOMPARE(asked, 32);
+        QVERIFY(e.isBrowsing());
+        for (const auto &call : e.desktop.calls()) {
+            if (call.kind == ScriptedDesktop::Kind::Message)
+                QVERIFY2(call.text.endsWith(u" is not available yet."), qPrintable(call.text));
+        }
+    }
+};
+
+QTEST_MAIN(StartUpTest)
+#include "StartUp.moc"
