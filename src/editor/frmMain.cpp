@@ -221,7 +221,8 @@ void frmMain::Form_Load()
     m_shared.PictureChanged = false;
     Adding = false;
     ShowCoinBrowseButtons();
-    m_ui->txtDescr->setFocus();
+    // An empty collection has nothing to do but to begin.
+    (m_ui->txtDescr->isEnabled() ? static_cast<QWidget *>(m_ui->txtDescr) : m_ui->cmdAddNew)->setFocus();
 }
 
 void frmMain::Form_Activate()

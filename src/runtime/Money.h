@@ -29,7 +29,7 @@ public:
     /// \throws Overflow
     Money operator-(Money other) const;
 
-    constexpr auto operator<=>(const Money &) const = default;
+    constexpr auto operator<=>(const Money &) const = default; // NOLINT(modernize-use-nullptr): false alarm
 
 private:
     explicit constexpr Money(qint64 count) : m_count(count) {}

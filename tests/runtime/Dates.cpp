@@ -137,7 +137,7 @@ private slots:
                 QString::fromUtf16(iso).replace(u"*"_s, QString::number(QDate::currentDate().year()));
             QVERIFY2(isDate(text, regional) == !expected.isEmpty(), qPrintable(where));
             if (expected.isEmpty()) {
-                QCOMPARE(errorNumber([&] { toDate(text, regional); }), int(TypeMismatch));
+                QCOMPARE(errorNumber([&, text = text] { toDate(text, regional); }), int(TypeMismatch));
                 continue;
             }
             const QString read = isoText(toDate(text, regional));

@@ -114,8 +114,8 @@ private slots:
             const RegionalSettings regional = region(QLatin1StringView(name));
             const QString where = QLatin1StringView(name) + u": "_s + QString::fromUtf16(text);
             QVERIFY2(!isNumeric(text, regional), qPrintable(where));
-            QCOMPARE(errorNumber([&] { toDouble(text, regional); }), int(TypeMismatch));
-            QCOMPARE(errorNumber([&] { toInt16(text, regional); }), int(TypeMismatch));
+            QCOMPARE(errorNumber([&, text = text] { toDouble(text, regional); }), int(TypeMismatch));
+            QCOMPARE(errorNumber([&, text = text] { toInt16(text, regional); }), int(TypeMismatch));
         }
     }
 
