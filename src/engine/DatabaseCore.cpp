@@ -31,13 +31,9 @@ constexpr char cacheSize[] = "pragma cache_size = -8000";
 
 void configure(SQLite::Database &connection)
 {
-    sqlite3 *handle = connection.getHandle();
     // The triggers of the file empty companions that other tools leave stale; the engine writes them itself.
-    sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
-    // A name in double quotes that is unknown must be an error and not a text.
-    sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-    sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
-    registerSqlFunctions(connection);
+    sqlite3_db_config(connection.getHandle(), SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+    setUpSql(connection);
     connection.exec(cacheSize);
     connection.exec("pragma temp_store = memory");
 }
@@ -88,7 +84,7 @@ void DatabaseCore::checkTables(const QStringList &requiredTables)
         if (!table)
             throw EngineError(UnrecognizedFormat, m_path);
         // A damaged table shows here already, not in the middle of the work.
-        m_connection->execAndGet("select exists(select 1 from " + quoted(table->name()) + ")");
+        m_connection->execAndGet("select exists(select 1 from " + quoted(table->name()) + " not indexed)");
     }
 }
 

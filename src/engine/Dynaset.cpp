@@ -334,10 +334,13 @@ void Dynaset::setValue(QStringView field, const Value &value)
     const int column = d->requireColumn(field);
     if (column == table.keyColumn() || table.column(column).isCompanion)
         throw EngineError(DataTypeConversion);
-    checkFits(value, table.column(column).type);
     Private::Pending &pending = *d->pending;
     Value &held = pending.values[size_t(column)];
-    if (pending.newKey == 0 && held != value)
+    // What another tool has stored may be more than fits; it is no fault of who writes it back unchanged.
+    if (held == value)
+        return;
+    checkFits(value, table.column(column).type);
+    if (pending.newKey == 0)
         pending.changed[size_t(column)] = true;
     held = value;
 }

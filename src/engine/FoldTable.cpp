@@ -13,26 +13,41 @@ bool isCombiningMark(char32_t character)
     return QChar::combiningClass(character) != 0;
 }
 
-QList<uint> foldOnce(const QList<uint> &characters)
+QString fromCharacter(char32_t character)
 {
-    const QString text =
-        QString::fromUcs4(reinterpret_cast<const char32_t *>(characters.data()), characters.size());
-    QList<uint> folded = text.toCaseFolded().normalized(QString::NormalizationForm_KD).toUcs4();
-    folded.removeIf([](uint character) { return isCombiningMark(character); });
+    return QString::fromUcs4(&character, 1);
+}
+
+/// Letters that have no capital of their own, such as the sharp s, fold to those of their capital form:
+/// QString::toCaseFolded() leaves them alone.
+QString spelledOut(char32_t character)
+{
+    const QString text = fromCharacter(character);
+    const QString upper = text.toUpper();
+    return upper.toUcs4().size() > 1 ? upper : text;
+}
+
+QString foldOnce(const QString &text)
+{
+    QString spelled;
+    for (const uint character : text.toUcs4())
+        spelled += spelledOut(character);
+    QString folded;
+    for (const uint character : spelled.toCaseFolded().normalized(QString::NormalizationForm_KD).toUcs4()) {
+        if (!isCombiningMark(character))
+            folded += fromCharacter(character);
+    }
     return folded;
 }
 
 /// A decomposition can bring up capitals (the mathematical alphabets), a folded capital marks: repeat.
-QList<uint> foldFully(char32_t character)
+QString foldFully(QString text)
 {
-    QList<uint> characters{uint(character)};
-    if (QChar::isSurrogate(character))
-        return characters;
     for (;;) {
-        QList<uint> next = foldOnce(characters);
-        if (next == characters)
-            return characters;
-        characters = std::move(next);
+        QString next = foldOnce(text);
+        if (next == text)
+            return text;
+        text = std::move(next);
     }
 }
 
@@ -48,9 +63,12 @@ std::unique_ptr<FoldTable::Block> FoldTable::makeBlock(char32_t first)
 {
     auto block = std::make_unique<Block>();
     for (char32_t i = 0; i < blockSize; ++i) {
-        const QList<uint> folded = foldFully(first + i);
+        const char32_t character = first + i;
+        const QList<uint> folded = QChar::isSurrogate(character)
+                                       ? QList<uint>{character}
+                                       : foldFully(fromCharacter(character)).toUcs4();
+        Q_ASSERT(size_t(folded.size()) <= mostPerByte * size_t(fromCharacter(character).toUtf8().size()));
         Entry &entry = (*block)[i];
-        Q_ASSERT(size_t(folded.size()) <= mostPerByte * (first + i < 0x80 ? 1 : first + i < 0x800 ? 2 : 3));
         entry.length = quint32(folded.size()) & 0xff;
         entry.payload = (folded.size() == 1 ? folded.front() : quint32(m_expansions.size())) & 0xffffff;
         if (folded.size() != 1)

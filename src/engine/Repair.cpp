@@ -36,6 +36,8 @@ fs::path native(const QString &path)
 /// Lets the library undo or finish what an interrupted write has left, as at every opening.
 void settle(const QString &path)
 {
+    if (QFileInfo(path).size() == 0) // the library would make an empty database of it
+        return;
     try {
         SQLite::Database database(path.toStdString(), SQLite::OPEN_READWRITE);
         database.exec("begin exclusive; commit; pragma journal_mode = delete");

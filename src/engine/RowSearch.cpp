@@ -21,7 +21,7 @@ const char *declarationOf(ColumnKind kind)
 RowSearch::RowSearch(const RowStore &rows, const TableSchema &columns)
     : m_columns(columns), m_database(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
 {
-    registerSqlFunctions(m_database);
+    setUpSql(m_database);
     std::string names;
     std::string parameters;
     for (int i = 0; i < columns.columnCount(); ++i) {

@@ -107,14 +107,13 @@ int SalvageFile::applicationId() const
     return int(number32(m_header, 68));
 }
 
-/// Empty when the page is lost: a page of zeros is what a disk or a file system leaves behind of one.
+/// Empty when the disk does not give the page back.
 QByteArray SalvageFile::readPage(std::uint32_t number)
 {
     if (!m_file.seek(qint64(number - 1) * m_pageSize))
         return {};
     const QByteArray bytes = m_file.read(m_pageSize);
-    const bool lost = std::all_of(bytes.cbegin(), bytes.cend(), [](char byte) { return byte == 0; });
-    return lost || bytes.size() < leafHeaderSize ? QByteArray() : bytes;
+    return bytes.size() < leafHeaderSize ? QByteArray() : bytes;
 }
 
 /// Whether the page exists and is claimed for the first time.

@@ -52,8 +52,10 @@ void fold(sqlite3_context *context, int count, sqlite3_value **values)
 
 } // namespace
 
-void registerSqlFunctions(SQLite::Database &connection)
+void setUpSql(SQLite::Database &connection)
 {
+    sqlite3_db_config(connection.getHandle(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_db_config(connection.getHandle(), SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     connection.createFunction("like", 2, true, nullptr, like, nullptr, nullptr, nullptr);
     connection.createFunction(foldSqlFunction, 1, true, nullptr, fold, nullptr, nullptr, nullptr);
 }

@@ -6,9 +6,10 @@ class Database;
 
 namespace obelmark {
 
-/// Gives a connection "like" with the engine's patterns (LikePattern), and foldSqlFunction. They live in the
+/// Makes a connection understand SQL as the engine writes it: "like" with the engine's patterns
+/// (LikePattern), foldSqlFunction, and names in double quotes that are never texts. The functions live in the
 /// connection only: nothing in a file's schema refers to them.
-void registerSqlFunctions(SQLite::Database &connection);
+void setUpSql(SQLite::Database &connection);
 
 /// foldText() under the name it has in the engine's own statements.
 inline constexpr char foldSqlFunction[] = "obelmark_fold";

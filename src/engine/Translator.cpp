@@ -250,11 +250,9 @@ void Translator::orderByCompanions()
 void Translator::orderByCompanion(const Reference &term)
 {
     std::optional<ColumnUse> use = term.column;
-    if (term.end - term.begin == 1) {
-        // A name given in the select list goes before the columns of the tables.
-        if (const std::optional<ColumnUse> aliased = aliasedColumn(m_tokens[term.begin].text))
-            use = aliased;
-    }
+    // A name given in the select list goes before the columns of the tables.
+    if (const std::optional<size_t> as = term.end - term.begin == 1 ? aliasOf(term.begin) : std::nullopt)
+        use = columnAlone(*as);
     if (!use || (**use).companion < 0)
         return;
     for (size_t i = term.begin; i < term.end; ++i)
@@ -262,19 +260,24 @@ void Translator::orderByCompanion(const Reference &term)
     m_pieces[term.begin] = quoted(use->source) + "." + quoted(use->table->column((**use).companion).name);
 }
 
-std::optional<ColumnUse> Translator::aliasedColumn(QStringView alias) const
+std::optional<size_t> Translator::aliasOf(size_t name) const
 {
     for (size_t i = 1; i + 1 < m_tokens.size() && !isWordAt(i, u"from"); ++i) {
-        if (!isWordAt(i, u"as") || !sameName(m_tokens[i + 1].text, alias))
-            continue;
-        const std::optional<Reference> reference = referenceEndingAt(i);
-        const bool alone =
-            reference && reference->begin > 0 && reference->end == i &&
-            (isSymbolAt(reference->begin - 1, u",") || isWordAt(reference->begin - 1, u"select") ||
-             isWordAt(reference->begin - 1, u"distinct"));
-        return alone ? reference->column : std::nullopt;
+        if (isWordAt(i, u"as") && sameName(m_tokens[i + 1].text, m_tokens[name].text))
+            return i;
     }
     return std::nullopt;
+}
+
+std::optional<ColumnUse> Translator::columnAlone(size_t end) const
+{
+    const std::optional<Reference> reference = referenceEndingAt(end);
+    if (!reference || reference->end != end || reference->begin == 0)
+        return std::nullopt;
+    const size_t before = reference->begin - 1;
+    const bool alone =
+        isSymbolAt(before, u",") || isWordAt(before, u"select") || isWordAt(before, u"distinct");
+    return alone ? reference->column : std::nullopt;
 }
 
 } // namespace obelmark

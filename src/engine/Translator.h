@@ -52,7 +52,11 @@ private:
 
     void orderByCompanions();
     void orderByCompanion(const Reference &term);
-    std::optional<ColumnUse> aliasedColumn(QStringView alias) const;
+    /// Where the "as" stands that gives a result column this name.
+    std::optional<size_t> aliasOf(size_t name) const;
+    /// The column that makes up a term of the select list up to \a end; nothing when that is more than a
+    /// column.
+    std::optional<ColumnUse> columnAlone(size_t end) const;
 
     QString m_sql;
     const Tokens &m_tokens;

@@ -13,10 +13,10 @@ StoredRows storedRows(const QString &path, const QString &table)
     SQLite::Statement query(database, "select * from " + table.toStdString());
     StoredRows rows;
     while (query.executeStep()) {
-        QStringList columns;
+        QByteArrayList columns;
         for (int i = 0; i < query.getColumnCount(); ++i) {
             const SQLite::Column column = query.getColumn(i);
-            columns << u"%1 %2"_s.arg(column.getType()).arg(QString::fromStdString(column.getString()));
+            columns << QByteArray::number(column.getType()) + column.getText();
         }
         rows.emplace(query.getColumn(0).getInt64(), columns);
     }
@@ -29,10 +29,9 @@ QString integrity(const QString &path)
     return QString::fromStdString(database.execAndGet("pragma integrity_check").getString());
 }
 
-void createCollection(const QString &path, int coins)
+void addCoins(const QString &path, int coins)
 {
-    SQLite::Database database(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-    database.exec(fileContent(QStringLiteral(OBELMARK_COIN_SQL)).toStdString());
+    SQLite::Database database(path.toStdString(), SQLite::OPEN_READWRITE);
     database.exec("begin");
     SQLite::Statement coin(database, R"(
         with n(i) as (values (1) union all select i + 1 from n where i <= ?1)
@@ -44,11 +43,14 @@ void createCollection(const QString &path, int coins)
         from n where i % 37 <> 5)");
     coin.bind(1, coins);
     coin.exec();
-    database.exec("delete from Coin where coinid = (select max(coinid) from Coin)");
     database.exec(R"(
         with n(i) as (values (1) union all select i + 1 from n where i < 50)
         insert into category (catdesc, catdescsort) select 'Gruppe ' || i, 'gruppe ' || i from n)");
     database.exec("commit");
+    // What is deleted now stays readable in pages that are free.
+    database.exec(
+        "pragma secure_delete = off;"
+        "delete from Coin where coinid = (select max(coinid) from Coin) or coinid between 300 and 499");
 }
 
 QByteArray fileContent(const QString &path)
