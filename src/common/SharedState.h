@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/Database.h"
+#include "runtime/Dates.h"
 #include "runtime/RegionalSettings.h"
 #include <QString>
 #include <memory>
@@ -29,6 +30,9 @@ struct SharedState
     std::unique_ptr<Database> CoinDatabase; ///< open exclusively from the main window's load to its unload
     std::unique_ptr<Dynaset> CoinRecordset; ///< all coins in SortOrder; its current row is the coin on screen
 
+    /// How often the database in use has been repaired and opened again: recordsets of before are gone.
+    int DatabaseRepairs = 0;
+
     qint16 SortOrder = 1; ///< 1 description, 2 catalogue number, 3 year
 
     qint16 CodesMode = 1; ///< 1 categories, 2 conditions, 3 countries, 4 formats, 5 mints, 6 sellers, 7 types
@@ -54,6 +58,7 @@ struct SharedState
 
     QString DateOrder; ///< the order of month, day and year in the system's short date, such as "dmy"
     QString DateSep;   ///< its separator
+    Date PickDate;     ///< the date that the calendar starts from, then the one that was picked in it
 };
 
 } // namespace obelmark

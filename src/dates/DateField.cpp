@@ -1,6 +1,7 @@
 #include "dates/DateField.h"
 
-#include <QWheelEvent>
+#include <QFocusEvent>
+#include <QMouseEvent>
 
 namespace obelmark {
 
@@ -13,7 +14,40 @@ DateField::DateField(QWidget *parent) : QComboBox(parent)
 
 void DateField::showPopup()
 {
+    // The mouse has done this already, other ways of opening have not.
+    setFocus(Qt::OtherFocusReason);
     emit dropDown();
+}
+
+void DateField::moveFocusOn()
+{
+    m_movesFocusOn = !hasFocus();
+    if (hasFocus())
+        focusNextChild();
+}
+
+void DateField::focusInEvent(QFocusEvent *event)
+{
+    QComboBox::focusInEvent(event);
+    if (!m_movesFocusOn)
+        return;
+    m_movesFocusOn = false;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (hasFocus())
+                focusNextChild();
+        },
+        Qt::QueuedConnection);
+}
+
+void DateField::mousePressEvent(QMouseEvent *event)
+{
+    QComboBox::mousePressEvent(event);
+    // The release went to the calendar, and the arrow would stay down.
+    QMouseEvent release(QEvent::MouseButtonRelease, event->position(), event->globalPosition(),
+                        event->button(), Qt::NoButton, event->modifiers());
+    mouseReleaseEvent(&release);
 }
 
 void DateField::wheelEvent(QWheelEvent *event)

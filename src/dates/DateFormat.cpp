@@ -44,4 +44,12 @@ QString FormatDate(const SharedState &shared, qint16 intMonth, qint16 intDay, qi
     return parts.join(u' ');
 }
 
+std::optional<Date> dateFromParts(const SharedState &shared, int month, int day, int year)
+{
+    if (year < firstYear || year > lastYear)
+        return {};
+    const QString text = FormatDate(shared, qint16(month), qint16(day), qint16(year));
+    return isDate(text, shared.regional) ? std::optional(toDate(text, shared.regional)) : std::nullopt;
+}
+
 } // namespace obelmark

@@ -103,11 +103,8 @@ std::unique_ptr<FieldControl> makeControl(Kind kind, QWidget &window, const QStr
 CoinFields::CoinFields(QWidget &window, SharedState &shared) : m_shared(shared)
 {
     for (const FieldRow &row : fieldTable) {
-        Field field{QString::fromUtf16(row.column), row.kind != Kind::Total,
-                    makeControl(row.kind, window, QString::fromUtf16(row.control), shared)};
-        if (field.isEntry)
-            m_entryWidgets.push_back(field.control->widget());
-        m_fields.push_back(std::move(field));
+        m_fields.push_back({QString::fromUtf16(row.column), row.kind != Kind::Total,
+                            makeControl(row.kind, window, QString::fromUtf16(row.control), shared)});
     }
 }
 
@@ -127,8 +124,18 @@ void CoinFields::clear()
 
 void CoinFields::setEnabled(bool enabled)
 {
-    for (QWidget *widget : m_entryWidgets)
-        widget->setEnabled(enabled);
+    for (const Field &field : m_fields) {
+        if (field.isEntry)
+            field.control->widget()->setEnabled(enabled);
+    }
+}
+
+void CoinFields::onChange(QObject *context, const std::function<void()> &changed) const
+{
+    for (const Field &field : m_fields) {
+        if (field.isEntry)
+            field.control->onChange(context, changed);
+    }
 }
 
 void CoinFields::writeRow()

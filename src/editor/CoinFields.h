@@ -27,8 +27,8 @@ public:
     void writeRow();
 
     MoneyControl &money(const QString &control);
-    /// The controls whose changes are the user's.
-    const std::vector<QWidget *> &entryWidgets() const { return m_entryWidgets; }
+    /// Calls \a changed at every change of a field, but not of the totals, as long as \a context lives.
+    void onChange(QObject *context, const std::function<void()> &changed) const;
 
 private:
     struct Field
@@ -40,7 +40,6 @@ private:
 
     SharedState &m_shared;
     std::vector<Field> m_fields;
-    std::vector<QWidget *> m_entryWidgets;
 };
 
 } // namespace obelmark

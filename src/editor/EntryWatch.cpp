@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QFocusEvent>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QScopedValueRollback>
 #include <QTabWidget>
 #include <QWidget>
@@ -28,9 +29,9 @@ bool isUserInput(QEvent::Type type)
 
 } // namespace
 
-EntryWatch::EntryWatch(SharedState &shared, QWidget &window)
-    : QObject(&window), m_shared(shared), m_window(window)
+EntryWatch::EntryWatch(SharedState &shared, QWidget &window) : QObject(&window), m_shared(shared), m_window(window)
 {
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) { followFocus(now); });
 }
 
 void EntryWatch::watch(QWidget *field, Rules rules)
@@ -41,12 +42,12 @@ void EntryWatch::watch(QWidget *field, Rules rules)
     field->installEventFilter(this);
 }
 
-bool EntryWatch::commitFocusedField()
+bool EntryWatch::commitEnteredField()
 {
-    QWidget *field = m_window.focusWidget();
-    const auto rules = m_rules.constFind(field);
+    const auto rules = m_rules.constFind(m_entered);
     if (rules == m_rules.cend() || !rules->onCommit)
         return true;
+    QWidget *field = m_entered;
     const auto refusal = check(rules->onCommit);
     if (!refusal)
         return true;
@@ -78,25 +79,42 @@ void EntryWatch::selectAllLater(QWidget *lineEdit)
 
 bool EntryWatch::eventFilter(QObject *object, QEvent *event)
 {
-    if (m_pending && isUserInput(event->type()) && !m_rules.contains(object))
-        return true;
-    const auto rules = m_rules.constFind(object);
-    if (rules == m_rules.cend())
-        return false;
     if (m_pending && isUserInput(event->type()))
         return true;
+    if (!m_rules.contains(object))
+        return false;
     const bool isFocusEvent = event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut;
     if (!isFocusEvent || !isLeaving(static_cast<QFocusEvent *>(event)->reason()))
         return false;
-    if (event->type() == QEvent::FocusIn && rules->onEnter)
-        rules->onEnter();
-    else if (event->type() == QEvent::FocusOut && !m_returning && !m_pending)
-        leave(qobject_cast<QWidget *>(object));
+    if (event->type() == QEvent::FocusIn)
+        enter(static_cast<QWidget *>(object));
+    else if (object == m_entered)
+        leave();
     return false;
 }
 
-void EntryWatch::leave(QWidget *field)
+// A field that was left for the menu bar or another window is left for good when another field gets the focus.
+void EntryWatch::followFocus(QWidget *now)
 {
+    const bool isField = now && m_window.isAncestorOf(now) && !qobject_cast<QMenuBar *>(now) && now->window() == &m_window;
+    if (isField && m_entered && now != m_entered)
+        leave();
+    if (isField && m_rules.contains(now))
+        m_entered = now;
+}
+
+void EntryWatch::enter(QWidget *field)
+{
+    const auto onEnter = m_rules.value(field).onEnter;
+    if (onEnter)
+        onEnter();
+}
+
+void EntryWatch::leave()
+{
+    QWidget *field = std::exchange(m_entered, nullptr);
+    if (m_returning || m_pending)
+        return;
     const auto onLeave = m_rules.value(field).onLeave;
     if (!onLeave || !m_window.isVisible())
         return;
@@ -121,6 +139,8 @@ void EntryWatch::refuse(QWidget *field, const Refusal &refusal)
     // The field that the focus comes back from has not been touched.
     const QScopedValueRollback returning(m_returning, true);
     focusField(field);
+    m_entered = field;
+    enter(field);
 }
 
 std::optional<EntryWatch::Refusal>

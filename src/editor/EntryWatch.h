@@ -15,9 +15,10 @@ struct SharedState;
 /// Watches the focus of entry fields: what happens when one is entered, and the check when the user leaves
 /// it. A refused value is told in a message box and the focus put back into its field.
 ///
-/// A window that becomes inactive, a drop-down or a menu is not leaving. The check runs at once; the message
-/// box comes when the event that moved the focus is done, and until then the clicks that belong to that event
-/// are swallowed: a press on a button next to a wrong price must not act on it.
+/// A window that becomes inactive, a drop-down or a menu is not leaving: the field counts as entered until
+/// another one has the focus. The check runs at once; the message box comes when the event that moved the focus
+/// is done, and until then the clicks that belong to that event are swallowed: a press on a button next to a
+/// wrong price must not act on it.
 class EntryWatch : public QObject
 {
     Q_OBJECT
@@ -41,9 +42,9 @@ public:
     void watch(QWidget *field, Rules rules);
 
     bool isRefusalPending() const { return m_pending; }
-    /// Does for the field with the focus what leaving it would do. Answers false, after the message, when its
-    /// value is refused.
-    bool commitFocusedField();
+    /// Does for the field that has been entered and not left yet what leaving it would do. Answers false, after
+    /// the message, when its value is refused.
+    bool commitEnteredField();
 
     /// Brings a field's page to the front and gives it the focus.
     static void focusField(QWidget *field, Qt::FocusReason reason = Qt::OtherFocusReason);
@@ -55,13 +56,16 @@ protected:
 
 private:
     void refuse(QWidget *field, const Refusal &refusal);
-    void leave(QWidget *field);
+    void enter(QWidget *field);
+    void leave();
+    void followFocus(QWidget *now);
     /// Runs a rule; its errors go to the shared error handler.
     std::optional<Refusal> check(const std::function<std::optional<Refusal>()> &rule) const;
 
     SharedState &m_shared;
     QWidget &m_window;
     QHash<QObject *, Rules> m_rules;
+    QWidget *m_entered = nullptr; ///< the watched field that has been entered and not left yet
     bool m_pending = false;
     bool m_returning = false;
 };

@@ -1,13 +1,8 @@
 #pragma once
 
+#include "forms/FieldControl.h"
 #include "runtime/Money.h"
-#include "runtime/Value.h"
-#include <QWidget>
 #include <optional>
-
-class QCheckBox;
-class QLineEdit;
-class QPlainTextEdit;
 
 namespace obelmark {
 
@@ -15,57 +10,10 @@ class DateField;
 class LookupList;
 struct SharedState;
 
-/// A control of the editor as the holder of one field of a coin: shows the stored value, gives back the value
-/// to be stored.
-///
-/// What the user has not touched is given back as it was stored, not as it was shown: a price of 2.5055 shows
-/// as 2.51 and stays 2.5055.
-class FieldControl
+class MoneyControl : public LineControl
 {
 public:
-    virtual ~FieldControl() = default;
-
-    virtual QWidget *widget() const = 0;
-    virtual void show(const Value &stored) = 0;
-    /// As for a new coin.
-    virtual void clear() { show(Value()); }
-    /// \throws Overflow, TypeMismatch when what the user typed cannot be stored
-    virtual Value value() const = 0;
-};
-
-class TextControl : public FieldControl
-{
-public:
-    explicit TextControl(QLineEdit *edit);
-    QWidget *widget() const override;
-    void show(const Value &stored) override;
-    Value value() const override;
-
-private:
-    QLineEdit *m_edit;
-    int m_limit;
-};
-
-/// A text of several lines, stored with CR LF.
-class NotesControl : public FieldControl
-{
-public:
-    explicit NotesControl(QPlainTextEdit *edit) : m_edit(edit) {}
-    QWidget *widget() const override;
-    void show(const Value &stored) override;
-    Value value() const override;
-
-private:
-    QPlainTextEdit *m_edit;
-    QString m_stored;
-    QString m_shown;
-};
-
-class MoneyControl : public FieldControl
-{
-public:
-    MoneyControl(QLineEdit *edit, const SharedState &shared) : m_edit(edit), m_shared(shared) {}
-    QWidget *widget() const override;
+    MoneyControl(QLineEdit *edit, const SharedState &shared) : LineControl(edit), m_shared(shared) {}
     void show(const Value &stored) override;
     Value value() const override;
 
@@ -78,28 +26,25 @@ public:
     void showText(const QString &text);
 
 private:
-    QLineEdit *m_edit;
     const SharedState &m_shared;
     QString m_shownText;
     std::optional<Money> m_shownAmount;
 };
 
 /// A whole number: the year (16 bits) or the quantity (32 bits).
-class NumberControl : public FieldControl
+class NumberControl : public LineControl
 {
 public:
     enum class Size { Bits16, Bits32 };
     NumberControl(QLineEdit *edit, Size size, const QString &textForNew, const SharedState &shared)
-        : m_edit(edit), m_size(size), m_textForNew(textForNew), m_shared(shared)
+        : LineControl(edit), m_size(size), m_textForNew(textForNew), m_shared(shared)
     {
     }
-    QWidget *widget() const override;
     void show(const Value &stored) override;
     void clear() override;
     Value value() const override;
 
 private:
-    QLineEdit *m_edit;
     Size m_size;
     QString m_textForNew;
     const SharedState &m_shared;
@@ -112,6 +57,7 @@ public:
     QWidget *widget() const override;
     void show(const Value &stored) override;
     Value value() const override;
+    void onChange(QObject *context, const std::function<void()> &changed) const override;
 
 protected:
     std::optional<Date> date() const;
@@ -138,18 +84,6 @@ private:
     const QLineEdit *m_yearEdit;
 };
 
-class YesNoControl : public FieldControl
-{
-public:
-    explicit YesNoControl(QCheckBox *box) : m_box(box) {}
-    QWidget *widget() const override;
-    void show(const Value &stored) override;
-    Value value() const override;
-
-private:
-    QCheckBox *m_box;
-};
-
 class LookupControl : public FieldControl
 {
 public:
@@ -157,6 +91,7 @@ public:
     QWidget *widget() const override;
     void show(const Value &stored) override;
     Value value() const override;
+    void onChange(QObject *context, const std::function<void()> &changed) const override;
 
 private:
     LookupList *m_list;

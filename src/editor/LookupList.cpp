@@ -1,5 +1,6 @@
 #include "editor/LookupList.h"
 
+#include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QWheelEvent>
 
@@ -42,12 +43,35 @@ void LookupList::selectKey(std::optional<qint64> key)
 
 void LookupList::keyPressEvent(QKeyEvent *event)
 {
-    if (isMeantForList(*event)) {
-        if (event->key() == Qt::Key_Backspace || event->key() == Qt::Key_Delete)
-            setCurrentIndex(-1);
-        emit keyDown();
+    if (!takeKey(*event))
+        QComboBox::keyPressEvent(event);
+}
+
+// While the list is dropped down its keys go to the view in the drop-down.
+void LookupList::showPopup()
+{
+    QComboBox::showPopup();
+    view()->installEventFilter(this);
+}
+
+bool LookupList::eventFilter(QObject *object, QEvent *event)
+{
+    if (object == view() && event->type() == QEvent::KeyPress && takeKey(*static_cast<QKeyEvent *>(event))) {
+        hidePopup();
+        return true;
     }
-    QComboBox::keyPressEvent(event);
+    return QComboBox::eventFilter(object, event);
+}
+
+bool LookupList::takeKey(const QKeyEvent &event)
+{
+    if (!isMeantForList(event))
+        return false;
+    const bool empties = event.key() == Qt::Key_Backspace || event.key() == Qt::Key_Delete;
+    if (empties)
+        setCurrentIndex(-1);
+    emit keyDown();
+    return empties;
 }
 
 // The wheel scrolls past the field on its way over the page; it must not change a coin by the way.

@@ -18,13 +18,21 @@ public:
     /// Selects the first entry with that key; nothing when there is none.
     void selectKey(std::optional<qint64> key);
 
+    void showPopup() override;
+
 signals:
     /// A key meant for the list was pressed: any but those that move the focus, open menus or ask for help.
     void keyDown();
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    bool eventFilter(QObject *object, QEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
+
+private:
+    /// Does what a key means for the selection. Answers whether that is all the key does: one that empties the list
+    /// must not begin the text that the list looks entries up by.
+    bool takeKey(const QKeyEvent &event);
 };
 
 } // namespace obelmark

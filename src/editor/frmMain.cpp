@@ -4,6 +4,8 @@
 #include "common/TextHelpers.h"
 #include "dates/DateField.h"
 #include "dates/DateFormat.h"
+#include "dates/DatePicker.h"
+#include "dates/IssueDate.h"
 #include "desktop/Desktop.h"
 #include "editor/CoinFields.h"
 #include "editor/EntryWatch.h"
@@ -11,6 +13,10 @@
 #include "editor/LookupLists.h"
 #include "editor/MoneyFields.h"
 #include "editor/frmAbout.h"
+#include "forms/EditButtons.h"
+#include "forms/HelpKey.h"
+#include "forms/PromptButtons.h"
+#include "lookups/frmCodesMaint.h"
 #include "runtime/Dates.h"
 #include "store/CoinFile.h"
 #include "store/ErrorHandling.h"
@@ -18,9 +24,8 @@
 #include <QActionGroup>
 #include <QCloseEvent>
 #include <QDir>
-#include <QKeyEvent>
 #include <QScopeGuard>
-#include <QShortcut>
+#include <QScreen>
 
 namespace obelmark {
 
@@ -42,22 +47,23 @@ constexpr const char16_t *tabOrder[] = {
 struct DateRow
 {
     const char16_t *field;
+    /// The title of the calendar.
+    const char16_t *caption;
     /// The message when a text that is no date is left; the purchase date has no check.
     const char16_t *message;
 };
 
 constexpr DateRow dateTable[] = {
-    {u"dcIssueDate", u"You must enter a valid issue date, or leave the field blank."},
-    {u"dcPurchaseDate", nullptr},
-    {u"dcSoldDate", u"You must enter a valid sold date, or leave the field blank."},
+    {u"dcIssueDate", u"Select Issue Date", u"You must enter a valid issue date, or leave the field blank."},
+    {u"dcPurchaseDate", u"Select Purchase Date", nullptr},
+    {u"dcSoldDate", u"Select Sold Date", u"You must enter a valid sold date, or leave the field blank."},
 };
 
 /// The menu items whose windows are still to come.
 constexpr const char16_t *comingItems[] = {
-    u"mnuBackup",     u"mnuPack",    u"mnuMaint_1",    u"mnuMaint_2",   u"mnuMaint_3",  u"mnuMaint_4",
-    u"mnuMaint_5",    u"mnuMaint_6", u"mnuMaint_7",    u"mnuRpt_1",     u"mnuRpt_2",    u"mnuRpt_3",
-    u"mnuRpt_4",      u"mnuRpt_5",   u"mnuRpt_6",      u"mnuRpt_7",     u"mnuRptValue", u"mnuRptWant",
-    u"mnuRptForSale", u"mnuRptSold", u"mnuRptSellers", u"mnuRptCustom",
+    u"mnuBackup",  u"mnuPack",       u"mnuRpt_1",   u"mnuRpt_2",      u"mnuRpt_3",
+    u"mnuRpt_4",   u"mnuRpt_5",      u"mnuRpt_6",   u"mnuRpt_7",      u"mnuRptValue",
+    u"mnuRptWant", u"mnuRptForSale", u"mnuRptSold", u"mnuRptSellers", u"mnuRptCustom",
 };
 
 /// Whether the Tab key may stop here now: hidden buttons and disabled fields are passed over, hidden pages
@@ -72,7 +78,10 @@ bool isTabStop(const QWidget &widget)
 frmMain::frmMain(SharedState &shared) : m_shared(shared), m_ui(std::make_unique<Ui::frmMain>())
 {
     m_ui->setupUi(this);
+    new PromptButtons(*this);
+    resize(size().boundedTo(screen()->availableSize()));
     m_fields = std::make_unique<CoinFields>(*this, shared);
+    m_buttons = std::make_unique<EditButtons>(*this, QList{m_ui->cmdPicture, m_ui->cmdSoldSome});
     m_watch = new EntryWatch(shared, *this);
     new MoneyFields(*this, *m_fields, *m_watch, shared);
     connectFields();
@@ -84,22 +93,7 @@ frmMain::~frmMain() = default;
 
 void frmMain::connectFields()
 {
-    const auto changed = [this] { MakingChange(); };
-    for (QWidget *widget : m_fields->entryWidgets()) {
-        if (auto *edit = qobject_cast<QLineEdit *>(widget))
-            connect(edit, &QLineEdit::textChanged, this, changed);
-        else if (auto *notes = qobject_cast<QPlainTextEdit *>(widget))
-            connect(notes, &QPlainTextEdit::textChanged, this, changed);
-        else if (auto *date = qobject_cast<DateField *>(widget))
-            connect(date, &QComboBox::editTextChanged, this, changed);
-        else if (auto *box = qobject_cast<QCheckBox *>(widget))
-            connect(box, &QCheckBox::toggled, this, changed);
-        else if (auto *list = qobject_cast<LookupList *>(widget)) {
-            connect(list, &QComboBox::currentIndexChanged, this, changed);
-            connect(list, &QComboBox::activated, this, changed);
-            connect(list, &LookupList::keyDown, this, changed);
-        }
-    }
+    m_fields->onChange(this, [this] { MakingChange(); });
     // What never takes input looks like the page, not like a field.
     for (QLineEdit *total : {m_ui->txtTotalPaid, m_ui->txtTotalVal, m_ui->txtTotalSales}) {
         QPalette palette = total->palette();
@@ -111,7 +105,14 @@ void frmMain::connectFields()
 
     for (const DateRow &row : dateTable) {
         auto *field = findChild<DateField *>(QString::fromUtf16(row.field));
-        connect(field, &DateField::dropDown, this, [this] { sayNotAvailable(u"The calendar"_s); });
+        connect(field, &DateField::dropDown, this, [this, field, caption = row.caption] {
+            run([&] {
+                const Date start = field == m_ui->dcIssueDate
+                                       ? issueDateStart(field->text(), m_ui->txtYear->text(), m_shared)
+                                       : dateOrToday(field->text(), m_shared.regional);
+                pickDateFor(*field, QString::fromUtf16(caption), start, m_shared);
+            });
+        });
         if (!row.message)
             continue;
         const QString message = QString::fromUtf16(row.message);
@@ -132,21 +133,13 @@ void frmMain::connectButtons()
         {m_ui->cmdNext, &frmMain::cmdNext_Click},     {m_ui->cmdLast, &frmMain::cmdLast_Click},
         {m_ui->cmdAddNew, &frmMain::cmdAddNew_Click}, {m_ui->cmdDelete, &frmMain::cmdDelete_Click},
         {m_ui->cmdFind, &frmMain::cmdFind_Click},     {m_ui->cmdCancel, &frmMain::cmdCancel_Click},
-        {m_ui->cmdUpdate, &frmMain::cmdUpdate_Click},
+        {m_ui->cmdUpdate, &frmMain::cmdUpdate_Click}, {m_ui->cmdSoldSome, &frmMain::cmdSoldSome_Click},
     };
     for (const auto &[button, handler] : buttons)
         connect(button, &QPushButton::clicked, this,
                 [this, click = handler] { run([&] { (this->*click)(); }); });
     connect(m_ui->cmdPicture, &QPushButton::clicked, this,
-            [this] { sayNotAvailable(u"The picture window"_s); });
-    connect(m_ui->cmdSoldSome, &QPushButton::clicked, this, [this] { sayNotAvailable(u"Sold Some"_s); });
-    // A button that the state hides keeps its place, so that the others stay under the hand.
-    const auto allButtons = findChildren<QPushButton *>();
-    for (QPushButton *button : allButtons) {
-        QSizePolicy policy = button->sizePolicy();
-        policy.setRetainSizeWhenHidden(true);
-        button->setSizePolicy(policy);
-    }
+            [this] { sayNotAvailable(u"Picture"_s); });
 }
 
 void frmMain::connectMenus()
@@ -164,6 +157,7 @@ void frmMain::connectMenus()
         }
     };
     connectGroup(u"mnuSort"_s, 3, &frmMain::mnuSort_Click);
+    connectGroup(u"mnuMaint"_s, 7, &frmMain::mnuMaint_Click);
     connectGroup(u"mnuRptOut"_s, 3, &frmMain::mnuRptOut_Click);
     connectGroup(u"mnuHelp"_s, 3, &frmMain::mnuHelp_Click);
     connect(m_ui->mnuAbout, &QAction::triggered, this, &frmMain::mnuAbout_Click);
@@ -173,11 +167,7 @@ void frmMain::connectMenus()
         connect(item, &QAction::triggered, this,
                 [this, item] { sayNotAvailable(item->text().remove(u'&')); });
     }
-    auto *help = new QShortcut(Qt::Key_F1, this);
-    connect(help, &QShortcut::activated, this, [this] { showHelpFor(focusWidget()); });
-    const auto menus = findChildren<QMenu *>();
-    for (QMenu *menu : menus)
-        menu->installEventFilter(this);
+    new HelpKey(*this, m_shared.desktop, m_shared.HelpFilePath);
 }
 
 void frmMain::Form_Load()
@@ -208,6 +198,7 @@ void frmMain::Form_Load()
     step([&] { m_shared.CoinDatabase = openCoinDatabase(m_shared.DatabasePath); });
     step([&] { Form_Activate(); });
     step([&] { m_shared.CoinRecordset = openCoins(coinDatabase(m_shared), m_shared.SortOrder); });
+    m_seenRepairs = m_shared.DatabaseRepairs;
     run([&] {
         if (coins().isEmpty()) {
             showEmptyTable();
@@ -250,8 +241,14 @@ void frmMain::Form_Unload()
 bool frmMain::event(QEvent *event)
 {
     // At the very first activation everything has just been loaded and no list is stale.
-    if (event->type() == QEvent::WindowActivate && m_shared.CoinDatabase)
-        run([&] { Form_Activate(); });
+    if (event->type() == QEvent::WindowActivate && m_shared.CoinDatabase) {
+        run([&] {
+            Form_Activate();
+            // Another window may have come upon damage: CoinRecordset is a new one then.
+            if (m_seenRepairs != m_shared.DatabaseRepairs)
+                resumeAfterRepair();
+        });
+    }
     return QMainWindow::event(event);
 }
 
@@ -260,17 +257,6 @@ void frmMain::closeEvent(QCloseEvent *event)
     Form_Unload();
     event->accept();
     emit unloaded();
-}
-
-bool frmMain::eventFilter(QObject *object, QEvent *event)
-{
-    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent *>(event)->key() == Qt::Key_F1) {
-        auto *menu = qobject_cast<QMenu *>(object);
-        const QObject *item = menu->activeAction();
-        showHelpFor(item ? item : menu);
-        return true;
-    }
-    return QMainWindow::eventFilter(object, event);
 }
 
 // The pages of the tab control follow each other: Tab on the last field of one goes to the first of the next.
@@ -313,6 +299,13 @@ void frmMain::mnuSort_Click(int index)
     }
 }
 
+void frmMain::mnuMaint_Click(int index)
+{
+    m_shared.CodesMode = qint16(index);
+    // A window of its own, which stays open when this one makes room for a backup.
+    (new frmCodesMaint(m_shared))->show();
+}
+
 void frmMain::mnuRptOut_Click(int index)
 {
     m_shared.OutputTarget = qint16(index);
@@ -330,28 +323,21 @@ void frmMain::mnuHelp_Click(int index)
 
 void frmMain::mnuAbout_Click()
 {
-    (new frmAbout(m_shared.desktop, this))->show();
+    if (!m_about)
+        m_about = new frmAbout(m_shared.desktop, this);
+    m_about->show();
+    m_about->raise();
+    m_about->activateWindow();
 }
 
 void frmMain::mnuExit_Click()
 {
-    m_shared.desktop.endProgram();
+    endProgram(m_shared);
 }
 
 void frmMain::sayNotAvailable(const QString &what)
 {
-    m_shared.desktop.showMessage(u"%1 is not available yet."_s.arg(what));
-}
-
-void frmMain::showHelpFor(const QObject *object)
-{
-    for (; object; object = object->parent()) {
-        const QVariant topic = object->property("helpTopic");
-        if (topic.isValid()) {
-            m_shared.desktop.showHelpTopic(m_shared.HelpFilePath, topic.toInt());
-            return;
-        }
-    }
+    m_shared.desktop.showMessage(u"'%1' is not available yet."_s.arg(what));
 }
 
 } // namespace obelmark

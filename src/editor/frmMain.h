@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
 #include <functional>
 #include <memory>
 
@@ -10,8 +11,11 @@ namespace obelmark {
 
 class CoinFields;
 class Dynaset;
+class EditButtons;
 class EntryWatch;
 class MoneyFields;
+enum class Move;
+class frmAbout;
 struct SharedState;
 namespace Ui {
 class frmMain;
@@ -43,7 +47,6 @@ signals:
 protected:
     bool event(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
-    bool eventFilter(QObject *object, QEvent *event) override;
     bool focusNextPrevChild(bool next) override;
 
 private:
@@ -54,12 +57,12 @@ private:
     void Form_Activate();
     void Form_Unload();
     void mnuSort_Click(int index);
+    void mnuMaint_Click(int index);
     void mnuRptOut_Click(int index);
     void mnuHelp_Click(int index);
     void mnuAbout_Click();
     void mnuExit_Click();
     void sayNotAvailable(const QString &what);
-    void showHelpFor(const QObject *object);
 
     // Display, navigation and editing (frmMainEditing.cpp)
     void ShowCoinRecord();
@@ -71,6 +74,7 @@ private:
     void ShowCoinBrowseButtons();
     bool ValidateCoin();
     void SaveCoinRecord();
+    void browseTo(Move direction);
     void cmdFirst_Click();
     void cmdPrevious_Click();
     void cmdNext_Click();
@@ -80,6 +84,7 @@ private:
     void cmdUpdate_Click();
     void cmdCancel_Click();
     void cmdDelete_Click();
+    void cmdSoldSome_Click();
     void chkSold_Click();
     void chkWantList_Click();
     void deletePicture(const QString &file);
@@ -95,12 +100,15 @@ private:
     SharedState &m_shared;
     std::unique_ptr<Ui::frmMain> m_ui;
     std::unique_ptr<CoinFields> m_fields;
+    std::unique_ptr<EditButtons> m_buttons;
     EntryWatch *m_watch = nullptr;
+    QPointer<frmAbout> m_about;
 
     bool Editing = false;
     bool Adding = false;
     bool m_filling = false;
     qint64 m_shownCoinId = 0;
+    int m_seenRepairs = 0;
 };
 
 } // namespace obelmark

@@ -5,7 +5,10 @@
 #include "editor/CoinFields.h"
 #include "editor/EntryWatch.h"
 #include "editor/LookupList.h"
+#include "editor/SoldSome.h"
 #include "editor/frmMain.h"
+#include "forms/Browsing.h"
+#include "forms/EditButtons.h"
 #include "pictures/PictureFiles.h"
 #include "runtime/Numbers.h"
 #include "store/CoinFile.h"
@@ -19,9 +22,6 @@ namespace obelmark {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr char16_t addNewCaption[] = u"&Add New";
-constexpr char16_t addAnotherCaption[] = u"&Add Another";
 
 QString keyCriteria(qint64 coinId)
 {
@@ -45,13 +45,13 @@ void frmMain::run(const std::function<void()> &procedure)
 // being changed, and when the damage has cost it its row, it goes on as a new one.
 void frmMain::resumeAfterRepair()
 {
+    m_seenRepairs = m_shared.DatabaseRepairs;
     if (Editing && !Adding) {
         coins().findFirst(keyCriteria(m_shownCoinId));
         if (coins().noMatch()) {
             Editing = false;
             Adding = true;
-            m_ui->cmdAddNew->setText(QString::fromUtf16(addAnotherCaption));
-            m_ui->cmdAddNew->show();
+            ShowCoinEditButtons();
         }
     } else if (!Adding) {
         if (coins().isEmpty())
@@ -112,31 +112,18 @@ void frmMain::MakingChange()
         return;
     Editing = true;
     ShowCoinEditButtons();
-    m_ui->cmdAddNew->hide();
 }
 
 void frmMain::ShowCoinEditButtons()
 {
-    for (QWidget *button : {m_ui->cmdFirst, m_ui->cmdPrevious, m_ui->cmdNext, m_ui->cmdLast, m_ui->cmdPicture,
-                            m_ui->cmdFind, m_ui->cmdDelete, m_ui->cmdSoldSome})
-        button->hide();
-    for (QWidget *button : {m_ui->cmdCancel, m_ui->cmdUpdate})
-        button->show();
+    m_buttons->show(Adding ? EditState::Adding : EditState::Editing);
     for (QAction *item : {m_ui->mnuSort_1, m_ui->mnuSort_2, m_ui->mnuSort_3, m_ui->mnuExit})
         item->setEnabled(false);
 }
 
 void frmMain::ShowCoinBrowseButtons()
 {
-    for (QWidget *button : {m_ui->cmdFirst, m_ui->cmdPrevious, m_ui->cmdNext, m_ui->cmdLast, m_ui->cmdPicture,
-                            m_ui->cmdFind, m_ui->cmdDelete, m_ui->cmdAddNew, m_ui->cmdSoldSome})
-        button->show();
-    // The hand that pressed one of these goes on to the next coin.
-    const bool focusGoes = m_ui->cmdCancel->hasFocus() || m_ui->cmdUpdate->hasFocus();
-    for (QWidget *button : {m_ui->cmdCancel, m_ui->cmdUpdate})
-        button->hide();
-    if (focusGoes)
-        m_ui->cmdNext->setFocus();
+    m_buttons->show(EditState::Browsing);
     for (QAction *item : {m_ui->mnuSort_1, m_ui->mnuSort_2, m_ui->mnuSort_3, m_ui->mnuExit})
         item->setEnabled(true);
 }
@@ -144,49 +131,34 @@ void frmMain::ShowCoinBrowseButtons()
 void frmMain::returnToBrowsing()
 {
     ShowCoinBrowseButtons();
-    m_ui->cmdAddNew->setText(QString::fromUtf16(addNewCaption));
     Editing = false;
     Adding = false;
 }
 
+void frmMain::browseTo(Move direction)
+{
+    if (browse(coins(), direction, m_shared.desktop))
+        ShowCoinRecord();
+}
+
 void frmMain::cmdFirst_Click()
 {
-    if (coins().isEmpty())
-        return;
-    coins().moveFirst();
-    ShowCoinRecord();
+    browseTo(Move::First);
 }
 
 void frmMain::cmdPrevious_Click()
 {
-    if (coins().isEmpty())
-        return;
-    coins().movePrevious();
-    if (coins().bof()) {
-        m_shared.desktop.beep();
-        coins().moveFirst();
-    }
-    ShowCoinRecord();
+    browseTo(Move::Previous);
 }
 
 void frmMain::cmdNext_Click()
 {
-    if (coins().isEmpty())
-        return;
-    coins().moveNext();
-    if (coins().eof()) {
-        m_shared.desktop.beep();
-        coins().moveLast();
-    }
-    ShowCoinRecord();
+    browseTo(Move::Next);
 }
 
 void frmMain::cmdLast_Click()
 {
-    if (coins().isEmpty())
-        return;
-    coins().moveLast();
-    ShowCoinRecord();
+    browseTo(Move::Last);
 }
 
 void frmMain::cmdFind_Click()
@@ -201,7 +173,7 @@ void frmMain::cmdFind_Click()
 void frmMain::cmdAddNew_Click()
 {
     if (Adding) {
-        if (!m_watch->commitFocusedField() || !ValidateCoin())
+        if (!m_watch->commitEnteredField() || !ValidateCoin())
             return;
         attempt(m_shared, [&] { coins().addNew(); });
         SaveCoinRecord();
@@ -212,7 +184,6 @@ void frmMain::cmdAddNew_Click()
         else
             EnableCoinFields();
         ShowCoinEditButtons();
-        m_ui->cmdAddNew->setText(QString::fromUtf16(addAnotherCaption));
     }
     ClearCoinFields();
     EntryWatch::focusField(m_ui->txtDescr);
@@ -220,7 +191,7 @@ void frmMain::cmdAddNew_Click()
 
 void frmMain::cmdUpdate_Click()
 {
-    if (!m_watch->commitFocusedField() || !ValidateCoin())
+    if (!m_watch->commitEnteredField() || !ValidateCoin())
         return;
     qint64 key = 1;
     if (Adding) {
@@ -230,7 +201,6 @@ void frmMain::cmdUpdate_Click()
             key = counter.isNull() ? 1 : counter.toInt();
         });
         SaveCoinRecord();
-        m_ui->cmdAddNew->setText(QString::fromUtf16(addNewCaption));
     } else {
         attempt(m_shared, [&] { key = coins().value(u"coinid").toInt(); });
         attempt(m_shared, [&] { coins().edit(); });
@@ -272,15 +242,17 @@ void frmMain::cmdDelete_Click()
     if (writeWithRetry(m_shared, [&] { coins().remove(); }))
         deletePicture(picture);
     attempt(m_shared, [&] {
-        coins().moveNext();
-        if (coins().isEmpty()) {
+        if (moveToNeighbour(coins()))
+            ShowCoinRecord();
+        else
             showEmptyTable();
-            return;
-        }
-        if (coins().eof())
-            coins().movePrevious();
-        ShowCoinRecord();
     });
+}
+
+void frmMain::cmdSoldSome_Click()
+{
+    if (sellSome(*m_fields, m_shared))
+        ShowCoinRecord();
 }
 
 void frmMain::deletePicture(const QString &file)

@@ -25,14 +25,14 @@ void retryLockedRow(SharedState &shared)
     const auto answer = shared.desktop.askYesNo(
         u"Could not update locked record.  Do you wish to try again?"_s, u"Locked Record"_s);
     if (answer == Desktop::Answer::No)
-        shared.desktop.endProgram();
+        endProgram(shared);
     shared.LockRetryCount = 1;
 }
 
 void reportAndEnd(SharedState &shared, const QString &text)
 {
     shared.desktop.showMessage(text);
-    shared.desktop.endProgram();
+    endProgram(shared);
 }
 
 QString numberAndText(const NumberedError &error)
@@ -43,8 +43,13 @@ QString numberAndText(const NumberedError &error)
 QString repairText(const RepairReport &report)
 {
     QString saved;
-    for (const RepairReport::Table &table : report.tables)
+    for (const RepairReport::Table &table : report.tables) {
         saved += u"\n%1: %2"_s.arg(table.name, QString::number(table.rowsSaved));
+        if (table.rowsIncomplete > 0)
+            saved += u", %1 of them in part"_s.arg(table.rowsIncomplete);
+        if (table.rowsLost > 0)
+            saved += u"; at least %1 lost"_s.arg(table.rowsLost);
+    }
     return u"The database file was damaged and has been repaired.  The damaged file was kept as '%1'.\n\n"
            "Records saved in each table:%2"_s.arg(report.damagedFilePath, saved);
 }
@@ -59,6 +64,7 @@ void repairCoinDatabase(SharedState &shared)
         shared.CoinDatabase = openCoinDatabase(shared.DatabasePath);
         if (recordsetWasOpen)
             shared.CoinRecordset = openCoins(*shared.CoinDatabase, shared.SortOrder);
+        ++shared.DatabaseRepairs;
         shared.desktop.showMessage(repairText(report));
     } catch (const NumberedError &failure) {
         reportAndEnd(shared, numberAndText(failure));
@@ -66,6 +72,14 @@ void repairCoinDatabase(SharedState &shared)
 }
 
 } // namespace
+
+void endProgram(SharedState &shared)
+{
+    shared.CoinRecordset.reset();
+    shared.CoinDatabase.reset();
+    shared.desktop.endProgram();
+    Q_UNREACHABLE(); // the compiler forgets over the virtual call that it does not return
+}
 
 void DbErrorHandler(SharedState &shared, const NumberedError &error)
 {

@@ -179,9 +179,11 @@ private slots:
     void endProgramAsksNoWindow()
     {
         const QTemporaryDir temporary;
+        const QTemporaryDir runtime; // without one Qt would make it in the temporary folder
         QProcess child;
         auto environment = QProcessEnvironment::systemEnvironment();
         environment.insert(u"TMPDIR"_s, temporary.path());
+        environment.insert(u"XDG_RUNTIME_DIR"_s, runtime.path());
         child.setProcessEnvironment(environment);
         child.start(QCoreApplication::applicationFilePath(), {endProgramArgument});
         QVERIFY(child.waitForFinished());

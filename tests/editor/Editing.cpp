@@ -322,15 +322,17 @@ private slots:
     // another field.
     void storedTextSurvivesAnEdit()
     {
-        const QString text = QString(200, u'x') + u"\r\n\ttab\u00a0\u2028\u0001 end"_s;
+        const QString text = QString(300, u'x') + u"\r\n\ttab\u00a0\u2028\u0001 end"_s;
         EditorFixture e(u"insert into Coin (descr, quantity, notes) values ('%1', 1, '%1')"_s.arg(text));
         e.start();
         e.typeInto(u"txtMetal", QString(90, u'm'));
         QCOMPARE(e.edit(u"txtMetal").text().size(), 80);
+        // The limit must not leave half a character.
+        e.edit(u"txtErrors").insert(QString(49, u'e') + u"\U0001F4B0"_s);
         e.press(u"cmdUpdate");
         e.close();
-        QCOMPARE(e.collection.query(u"select descr, notes, length(Metal) from Coin"_s),
-                 QStringList(u"%1|%1|80"_s.arg(text)));
+        QCOMPARE(e.collection.query(u"select descr, notes, length(Metal), Errors from Coin"_s),
+                 QStringList(u"%1|%1|80|%2"_s.arg(text, QString(49, u'e'))));
     }
 
     void closingDropsTheEditWithoutAQuestion()

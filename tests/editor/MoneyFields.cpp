@@ -113,6 +113,32 @@ private slots:
         QCOMPARE(e.desktop.problems(), QStringList());
     }
 
+    // A menu that is opened and closed again is not leaving, but what comes after it is.
+    void leavingThroughTheMenuBar()
+    {
+        EditorFixture e(oneCoin);
+        e.start();
+        auto &menus = e.the<QMenuBar>(u"mnuBar");
+        e.typeInto(u"txtPricePaid", u"2.5"_s);
+        menus.setFocus(Qt::MenuBarFocusReason);
+        QCOMPARE(e.edit(u"txtTotalPaid").text(), QString());
+        e.enter(u"txtDescr");
+        QCOMPARE(e.edit(u"txtTotalPaid").text(), u"$10.00"_s);
+
+        e.typeInto(u"txtPricePaid", u"abc"_s);
+        menus.setFocus(Qt::MenuBarFocusReason);
+        e.desktop.expectMessage(notANumber);
+        QTest::mouseClick(&e.button(u"cmdUpdate"), Qt::LeftButton);
+        auto &price = e.edit(u"txtPricePaid");
+        QVERIFY(gui::waitUntil([&] { return price.hasFocus() && price.selectedText() == u"abc"; }, "focus back"));
+        QVERIFY(e.isEditing());
+        e.typeInto(u"txtPricePaid", u"3"_s);
+        e.edit(u"txtPricePaid").clearFocus();
+        e.button(u"cmdUpdate").click();
+        QCOMPARE(e.edit(u"txtTotalPaid").text(), u"$12.00"_s);
+        QCOMPARE(e.desktop.problems(), QStringList());
+    }
+
     // An access key moves no focus: the total must not be stale, a wrong price must not be saved.
     void savingByAccessKey()
     {

@@ -1,5 +1,7 @@
 #include "EditorFixture.h"
 #include "engine/Database.h"
+#include "lookups/frmCodesMaint.h"
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 
@@ -99,6 +101,15 @@ private slots:
         }
         QCOMPARE(asked, 32);
         QVERIFY(e.isBrowsing());
+        int maintained = 0;
+        const auto windows = QApplication::topLevelWidgets();
+        for (QWidget *opened : windows) {
+            if (qobject_cast<frmCodesMaint *>(opened)) {
+                ++maintained;
+                delete opened;
+            }
+        }
+        QCOMPARE(maintained, 7);
         for (const auto &call : e.desktop.calls()) {
             if (call.kind == ScriptedDesktop::Kind::Message)
                 QVERIFY2(call.text.endsWith(u" is not available yet."), qPrintable(call.text));

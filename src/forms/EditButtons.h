@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QList>
+
+class QPushButton;
+class QWidget;
+
+namespace obelmark {
+
+/// Browsing: the fields show the current row. Editing: the user has changed a field. Adding: the fields are a
+/// row that is not in the database yet.
+enum class EditState { Browsing, Editing, Adding };
+
+/// A widget that its window hides keeps its place, so that the others stay under the hand.
+void keepPlaceWhenHidden(QWidget *widget);
+
+/// The buttons of an editor window: one set for browsing, and Cancel and Update in its stead while a row is
+/// changed or added.
+class EditButtons
+{
+public:
+    /// The window's buttons are found by the names that all editor windows share: cmdFirst, cmdPrevious,
+    /// cmdNext, cmdLast, cmdAddNew, cmdDelete, cmdFind, cmdCancel, cmdUpdate. \a ownBrowsing are the further
+    /// ones that are shown while browsing only.
+    EditButtons(const QWidget &window, const QList<QPushButton *> &ownBrowsing);
+
+    void show(EditState state);
+
+private:
+    QList<QPushButton *> m_browsing;
+    QList<QPushButton *> m_editing;
+    QPushButton *m_addNew;
+    QPushButton *m_next;
+};
+
+} // namespace obelmark

@@ -1,0 +1,102 @@
+#include "forms/FieldControl.h"
+
+#include "runtime/TextEncoding.h"
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+namespace obelmark {
+
+namespace {
+
+/// An input limit counts UTF-16 units and may leave half of a character behind, which no file can hold.
+QString withoutHalfCharacters(const QString &text)
+{
+    QString whole;
+    whole.reserve(text.size());
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const bool isPair = text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
+        if (isPair)
+            whole += text[i++];
+        if (isPair || !text[i].isSurrogate())
+            whole += text[i];
+    }
+    return whole;
+}
+
+} // namespace
+
+QWidget *LineControl::widget() const
+{
+    return m_edit;
+}
+
+void LineControl::onChange(QObject *context, const std::function<void()> &changed) const
+{
+    QObject::connect(m_edit, &QLineEdit::textChanged, context, changed);
+}
+
+TextControl::TextControl(QLineEdit *edit) : LineControl(edit), m_limit(edit->maxLength()) {}
+
+void TextControl::show(const Value &stored)
+{
+    const QString text = stored.toText();
+    // The limit is for typing; a longer stored text must not be cut by being shown.
+    edit()->setMaxLength(std::max(m_limit, int(text.size())));
+    edit()->setText(text);
+    edit()->setCursorPosition(0);
+}
+
+Value TextControl::value() const
+{
+    return withoutHalfCharacters(edit()->text());
+}
+
+QWidget *NotesControl::widget() const
+{
+    return m_edit;
+}
+
+void NotesControl::show(const Value &stored)
+{
+    m_stored = stored.toText();
+    m_edit->setPlainText(withLf(m_stored));
+    m_shown = m_edit->document()->toRawText();
+}
+
+Value NotesControl::value() const
+{
+    // toPlainText() would turn no-break spaces into blanks.
+    QString text = m_edit->document()->toRawText();
+    if (text == m_shown)
+        return m_stored;
+    text.replace(QChar::ParagraphSeparator, u'\n').replace(QChar::LineSeparator, u'\n');
+    return withCrLf(text);
+}
+
+void NotesControl::onChange(QObject *context, const std::function<void()> &changed) const
+{
+    QObject::connect(m_edit, &QPlainTextEdit::textChanged, context, changed);
+}
+
+QWidget *YesNoControl::widget() const
+{
+    return m_box;
+}
+
+void YesNoControl::show(const Value &stored)
+{
+    m_box->setChecked(stored.toBool());
+}
+
+Value YesNoControl::value() const
+{
+    return m_box->isChecked();
+}
+
+void YesNoControl::onChange(QObject *context, const std::function<void()> &changed) const
+{
+    QObject::connect(m_box, &QCheckBox::toggled, context, changed);
+}
+
+} // namespace obelmark

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+class QWidget;
+
+namespace obelmark {
+
+class Desktop;
+
+/// F1 in a window opens the help file on the topic of the widget with the focus, or of the highlighted menu
+/// item: the number in its dynamic property "helpTopic" or, without one, that of what it lies in.
+class HelpKey : public QObject
+{
+    Q_OBJECT
+public:
+    /// To be made when the menus of the window are complete. The path of the help file is read when the key
+    /// is pressed: it is not known before start-up. Both it and the desktop must outlive the window.
+    HelpKey(QWidget &window, Desktop &desktop, const QString &helpFile);
+    HelpKey(QWidget &window, Desktop &desktop, QString &&helpFile) = delete;
+
+protected:
+    bool eventFilter(QObject *object, QEvent *event) override;
+
+private:
+    void showHelpFor(const QObject *object);
+
+    Desktop &m_desktop;
+    const QString &m_helpFile;
+};
+
+} // namespace obelmark

@@ -1,0 +1,459 @@
+#include "lookups/frmCodesMaint.h"
+
+#include "common/SharedState.h"
+#include "desktop/Desktop.h"
+#include "engine/EngineError.h"
+#include "forms/Browsing.h"
+#include "forms/EditButtons.h"
+#include "forms/FieldControl.h"
+#include "forms/HelpKey.h"
+#include "lookups/CodesModes.h"
+#include "store/CoinFile.h"
+#include "store/ErrorHandling.h"
+#include "ui_frmCodesMaint.h"
+#include <QKeyEvent>
+#include <QScopeGuard>
+#include <algorithm>
+
+namespace obelmark {
+
+using namespace Qt::StringLiterals;
+
+frmCodesMaint::frmCodesMaint(SharedState &shared, QWidget *parent)
+    : QWidget(parent, Qt::Window), m_shared(shared), Mode(lookupMode(shared.CodesMode)),
+      m_ui(std::make_unique<Ui::frmCodesMaint>())
+{
+    setAttribute(Qt::WA_DeleteOnClose);
+    m_ui->setupUi(this);
+    m_buttons = std::make_unique<EditButtons>(*this, QList{m_ui->cmdOk});
+    const auto addField = [this](const char16_t *column, std::unique_ptr<FieldControl> control) {
+        control->onChange(this, [this] { MarkChanged(); });
+        m_fields.push_back({QString::fromUtf16(column), std::move(control), {}});
+    };
+    addField(Mode.DescField, std::make_unique<TextControl>(m_ui->txtDesc));
+    if (Mode.hasSellerFields) {
+        addField(u"BouPhone", std::make_unique<TextControl>(m_ui->txtBouPhone));
+        addField(u"BouFav", std::make_unique<YesNoControl>(m_ui->chkBouFav));
+        addField(u"bounotes", std::make_unique<NotesControl>(m_ui->txtBouNotes));
+    }
+    connectButtons();
+    new HelpKey(*this, shared.desktop, shared.HelpFilePath);
+    Form_Load();
+}
+
+frmCodesMaint::~frmCodesMaint() = default;
+
+void frmCodesMaint::connectButtons()
+{
+    const std::pair<QPushButton *, void (frmCodesMaint::*)()> buttons[] = {
+        {m_ui->cmdFirst, &frmCodesMaint::cmdFirst_Click},
+        {m_ui->cmdPrevious, &frmCodesMaint::cmdPrevious_Click},
+        {m_ui->cmdNext, &frmCodesMaint::cmdNext_Click},
+        {m_ui->cmdLast, &frmCodesMaint::cmdLast_Click},
+        {m_ui->cmdAddNew, &frmCodesMaint::cmdAddNew_Click},
+        {m_ui->cmdDelete, &frmCodesMaint::cmdDelete_Click},
+        {m_ui->cmdCancel, &frmCodesMaint::cmdCancel_Click},
+        {m_ui->cmdFind, &frmCodesMaint::cmdFind_Click},
+        {m_ui->cmdUpdate, &frmCodesMaint::cmdUpdate_Click},
+        {m_ui->cmdOk, &frmCodesMaint::cmdOk_Click},
+    };
+    for (const auto &[button, handler] : buttons)
+        connect(button, &QPushButton::clicked, this,
+                [this, click = handler] { run([&] { (this->*click)(); }); });
+}
+
+void frmCodesMaint::Form_Load()
+{
+    setWindowTitle(QString::fromUtf16(Mode.caption));
+    m_ui->lblDesc->setText(QString::fromUtf16(Mode.label));
+    m_ui->txtDesc->setAccessibleName(m_ui->lblDesc->text());
+    const QList<QWidget *> sellerFields{m_ui->lblBouPhone, m_ui->txtBouPhone, m_ui->chkBouFav,
+                                        m_ui->lblBouNotes, m_ui->txtBouNotes};
+    for (QWidget *widget : sellerFields) {
+        keepPlaceWhenHidden(widget);
+        widget->setVisible(Mode.hasSellerFields);
+    }
+    setHelpTopic(Mode.helpTopic);
+    makeDefault(m_ui->cmdOk);
+    ShowBrowseButtons();
+    run([&] {
+        attempt(m_shared, [&] { openEntries(); });
+        showCurrentRow();
+    });
+    // An empty table has nothing to do but to begin.
+    (isShowingEntry() ? static_cast<QWidget *>(m_ui->txtDesc) : m_ui->cmdAddNew)->setFocus();
+}
+
+void frmCodesMaint::Form_Activate()
+{
+    m_shared.*Mode.reload = true;
+    if (m_seenRepairs != m_shared.DatabaseRepairs)
+        run([&] { resumeAfterRepair(); });
+    else if (m_entries && !Editing && !Adding)
+        run([&] { showChangesOfOthers(); });
+}
+
+bool frmCodesMaint::event(QEvent *event)
+{
+    if (event->type() == QEvent::WindowActivate)
+        Form_Activate();
+    return QWidget::event(event);
+}
+
+// Enter is for the default button alone, wherever the focus is; Escape is for none.
+void frmCodesMaint::keyPressEvent(QKeyEvent *event)
+{
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!isEnter)
+        QWidget::keyPressEvent(event);
+    else if (m_defaultButton->isVisible())
+        m_defaultButton->click();
+}
+
+void frmCodesMaint::run(const std::function<void()> &procedure)
+{
+    try {
+        attempt(m_shared, procedure);
+    } catch (const DatabaseRepaired &) {
+        run([this] { resumeAfterRepair(); });
+    }
+}
+
+void frmCodesMaint::openEntries()
+{
+    m_entries = coinDatabase(m_shared).openDynaset(QString::fromUtf16(Mode.sql));
+    m_seenRepairs = m_shared.DatabaseRepairs;
+}
+
+Dynaset &frmCodesMaint::entries()
+{
+    if (!m_entries)
+        throw runtimeError(ObjectNotSet);
+    return *m_entries;
+}
+
+void frmCodesMaint::setHelpTopic(int topic)
+{
+    setProperty("helpTopic", topic);
+    const auto widgets = findChildren<QWidget *>();
+    for (QWidget *widget : widgets) {
+        if (widget->property("helpTopic").isValid())
+            widget->setProperty("helpTopic", topic);
+    }
+}
+
+void frmCodesMaint::makeDefault(QPushButton *button)
+{
+    if (m_defaultButton)
+        m_defaultButton->setDefault(false);
+    m_defaultButton = button;
+    m_defaultButton->setDefault(true);
+}
+
+void frmCodesMaint::fillFields(const std::function<void(Field &)> &fill)
+{
+    Editing = true;
+    const auto done = qScopeGuard([&] { Editing = false; });
+    std::ranges::for_each(m_fields, fill);
+}
+
+void frmCodesMaint::ShowRecord()
+{
+    fillFields([&](Field &field) {
+        field.shown = entries().value(field.column);
+        field.control->show(field.shown);
+    });
+    m_shownKey = currentKey();
+    // They are disabled when this is the first entry, added in another window, of a table that was empty.
+    EnableFields();
+}
+
+void frmCodesMaint::ClearFields()
+{
+    fillFields([](Field &field) { field.control->clear(); });
+}
+
+void frmCodesMaint::setFieldsEnabled(bool enabled)
+{
+    for (const Field &field : m_fields)
+        field.control->widget()->setEnabled(enabled);
+}
+
+void frmCodesMaint::DisableFields()
+{
+    setFieldsEnabled(false);
+}
+
+void frmCodesMaint::EnableFields()
+{
+    setFieldsEnabled(true);
+}
+
+void frmCodesMaint::showEmptyTable()
+{
+    ClearFields();
+    DisableFields();
+}
+
+bool frmCodesMaint::isShowingEntry() const
+{
+    return m_ui->txtDesc->isEnabled();
+}
+
+void frmCodesMaint::showCurrentRow()
+{
+    if (entries().isEmpty())
+        showEmptyTable();
+    else
+        ShowRecord();
+}
+
+void frmCodesMaint::showNeighbour()
+{
+    if (moveToNeighbour(entries()))
+        ShowRecord();
+    else
+        showEmptyTable();
+}
+
+// What another window has written is shown; an entry that it has deleted stays on screen until something is
+// to be done with it.
+void frmCodesMaint::showChangesOfOthers()
+{
+    const auto isOutdated = [this](const Field &field) {
+        return entries().value(field.column) != field.shown;
+    };
+    try {
+        if (isOnEntry()) {
+            if (std::ranges::any_of(m_fields, isOutdated))
+                ShowRecord();
+        } else if (!isShowingEntry()) {
+            showNeighbour();
+        }
+    } catch (const EngineError &error) {
+        // A window that has lost its database tells so when it is used, not when it comes to the front.
+        if (error.number() != ObjectClosed)
+            throw;
+    }
+}
+
+// The recordsets of before the repair are gone. What the user was typing is kept: a changed entry goes on
+// being changed, and when the damage has cost it its row, it goes on as a new one.
+void frmCodesMaint::resumeAfterRepair()
+{
+    openEntries();
+    if (Adding)
+        return;
+    findKey(m_shownKey);
+    if (!Editing) {
+        showCurrentRow();
+    } else if (entries().noMatch()) {
+        Editing = false;
+        Adding = true;
+        ShowEditButtons();
+    }
+}
+
+void frmCodesMaint::ShowEditButtons()
+{
+    m_buttons->show(Adding ? EditState::Adding : EditState::Editing);
+}
+
+void frmCodesMaint::ShowBrowseButtons()
+{
+    m_buttons->show(EditState::Browsing);
+}
+
+void frmCodesMaint::returnToBrowsing()
+{
+    ShowBrowseButtons();
+    Editing = false;
+    Adding = false;
+}
+
+void frmCodesMaint::MarkChanged()
+{
+    if (Editing || Adding)
+        return;
+    Editing = true;
+    ShowEditButtons();
+}
+
+void frmCodesMaint::browseTo(Move direction)
+{
+    if (browse(entries(), direction, m_shared.desktop))
+        ShowRecord();
+    else
+        showEmptyTable();
+}
+
+void frmCodesMaint::cmdFirst_Click()
+{
+    browseTo(Move::First);
+}
+
+void frmCodesMaint::cmdPrevious_Click()
+{
+    browseTo(Move::Previous);
+}
+
+void frmCodesMaint::cmdNext_Click()
+{
+    browseTo(Move::Next);
+}
+
+void frmCodesMaint::cmdLast_Click()
+{
+    browseTo(Move::Last);
+}
+
+bool frmCodesMaint::ValidateEntry()
+{
+    if (!m_ui->txtDesc->text().isEmpty())
+        return true;
+    m_shared.desktop.showMessage(u"You must enter a description or press Cancel"_s, u"Missing Data"_s);
+    m_ui->txtDesc->setFocus();
+    return false;
+}
+
+void frmCodesMaint::SaveRecord()
+{
+    for (const Field &field : m_fields)
+        attempt(m_shared, [&] { entries().setValue(field.column, field.control->value()); });
+    writeWithRetry(m_shared, [&] { entries().update(); });
+}
+
+qint64 frmCodesMaint::currentKey()
+{
+    return entries().value(Mode.IDField).toInt();
+}
+
+void frmCodesMaint::findKey(qint64 key)
+{
+    entries().findFirst(u"%1 = %2"_s.arg(QString::fromUtf16(Mode.IDField), QString::number(key)));
+}
+
+bool frmCodesMaint::isOnEntry()
+{
+    try {
+        currentKey();
+        return true;
+    } catch (const EngineError &error) {
+        if (error.number() != RecordDeleted && error.number() != NoCurrentRecord)
+            throw;
+        return false;
+    }
+}
+
+void frmCodesMaint::leaveDeletedEntry()
+{
+    m_shared.desktop.showMessage(u"This entry has been deleted in another window."_s, u"Entry Deleted"_s);
+    showNeighbour();
+    returnToBrowsing();
+}
+
+void frmCodesMaint::cmdAddNew_Click()
+{
+    if (Adding) {
+        if (!ValidateEntry())
+            return;
+        attempt(m_shared, [&] { entries().addNew(); });
+        SaveRecord();
+    } else {
+        Adding = true;
+        if (!entries().isEmpty())
+            attempt(m_shared, [&] { entries().moveLast(); });
+        EnableFields();
+        ShowEditButtons();
+        makeDefault(m_ui->cmdAddNew);
+    }
+    ClearFields();
+    m_ui->txtDesc->setFocus();
+}
+
+void frmCodesMaint::cmdUpdate_Click()
+{
+    if (!ValidateEntry())
+        return;
+    if (!Adding && !isOnEntry()) {
+        leaveDeletedEntry();
+        return;
+    }
+    attempt(m_shared, [&] {
+        if (Adding)
+            entries().addNew();
+        else
+            entries().edit();
+    });
+    qint64 key = 0;
+    attempt(m_shared, [&] { key = currentKey(); });
+    SaveRecord();
+    attempt(m_shared, [&] {
+        findKey(key);
+        if (entries().noMatch() && !entries().isEmpty())
+            entries().moveFirst();
+        showCurrentRow();
+    });
+    returnToBrowsing();
+}
+
+void frmCodesMaint::cmdCancel_Click()
+{
+    if (!entries().isEmpty())
+        entries().moveLast();
+    showCurrentRow();
+    returnToBrowsing();
+    makeDefault(m_ui->cmdOk);
+}
+
+bool frmCodesMaint::isInUse(qint64 key)
+{
+    // Read only as far as the first coin: there may be many.
+    const auto coins =
+        coinDatabase(m_shared).openForwardOnly(QString::fromUtf16(Mode.inUseQuery) + QString::number(key));
+    return !coins->eof();
+}
+
+void frmCodesMaint::cmdDelete_Click()
+{
+    if (!isShowingEntry())
+        return;
+    if (!isOnEntry()) {
+        leaveDeletedEntry();
+        return;
+    }
+    const auto answer = m_shared.desktop.askYesNo(QString::fromUtf16(Mode.deleteQuestion),
+                                                  QString::fromUtf16(Mode.deleteTitle));
+    if (answer == Desktop::Answer::No)
+        return;
+    bool inUse = false;
+    if (!attempt(m_shared, [&] { inUse = isInUse(currentKey()); }))
+        return;
+    if (inUse) {
+        m_shared.desktop.showMessage(QString::fromUtf16(Mode.inUseMessage), u"Cannot Delete"_s);
+        return;
+    }
+    writeWithRetry(m_shared, [&] { entries().remove(); });
+    attempt(m_shared, [&] { showNeighbour(); });
+}
+
+void frmCodesMaint::cmdFind_Click()
+{
+    const QString prompt = u"Enter the %1 description to find:"_s.arg(QString::fromUtf16(Mode.noun));
+    QString beginning = m_shared.desktop.askText(prompt, u"Find Code"_s).value_or(QString());
+    beginning.replace(u"'"_s, u"''"_s);
+    entries().findFirst(u"%1 like '%2*'"_s.arg(QString::fromUtf16(Mode.DescField), beginning));
+    if (entries().noMatch())
+        m_shared.desktop.showMessage(u"That record was not found."_s, u"No Records Match"_s);
+    else
+        ShowRecord();
+}
+
+void frmCodesMaint::cmdOk_Click()
+{
+    attempt(m_shared, [&] { entries().close(); });
+    m_entries.reset();
+    close();
+}
+
+} // namespace obelmark

@@ -1,0 +1,263 @@
+// Showing, changing, adding and finding entries; sellers, who have fields of all kinds.
+#include "lookups/LookupFixture.h"
+#include <sqlite3.h>
+
+using namespace obelmark;
+
+namespace {
+
+constexpr int categories = 1;
+constexpr int sellers = 6;
+
+const QString threeSellers =
+    u"insert into boughtfrom (bouid, bouDesc, BouPhone, BouFav, bounotes) values "
+    "(1, 'Carol', '555', 1, 'a' || char(10) || 'b'), (2, 'bob', null, null, null), (3, 'Alice', '', 0, '')"_s;
+
+QStringList storedSellers(const EditorFixture &e)
+{
+    return e.collection.query(
+        u"select bouid, bouDesc, BouPhone, BouFav, hex(bounotes) from boughtfrom order by bouid"_s);
+}
+
+/// What the user does to a field of the first entry.
+using Act = void (*)(const MaintWindow &);
+
+} // namespace
+Q_DECLARE_METATYPE(Act)
+
+class EntriesTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void browsing()
+    {
+        EditorFixture e(threeSellers);
+        e.start();
+        const MaintWindow w(e, sellers);
+        QCOMPARE(w.shown(), u"Alice"_s);
+        w.press(u"cmdPrevious");
+        QCOMPARE(e.desktop.beeps(), 1);
+        QCOMPARE(w.shown(), u"Alice"_s);
+        w.press(u"cmdLast");
+        QCOMPARE(w.shown(), u"Carol"_s);
+        QCOMPARE(w.edit(u"txtBouPhone").text(), u"555"_s);
+        QVERIFY(w.the<QCheckBox>(u"chkBouFav").isChecked());
+        QCOMPARE(w.the<QPlainTextEdit>(u"txtBouNotes").toPlainText(), u"a\nb"_s);
+        w.press(u"cmdNext");
+        QCOMPARE(e.desktop.beeps(), 2);
+        QCOMPARE(w.shown(), u"Carol"_s);
+        w.press(u"cmdPrevious");
+        QCOMPARE(w.shown(), u"bob"_s);
+        QVERIFY(!w.the<QCheckBox>(u"chkBouFav").isChecked());
+        w.press(u"cmdFirst");
+        QCOMPARE(w.shown(), u"Alice"_s);
+        QCOMPARE(w.buttons(), browsingButtons);
+        QCOMPARE(e.desktop.problems(), QStringList());
+    }
+
+    void changing_data()
+    {
+        QTest::addColumn<Act>("act");
+        QTest::addColumn<QString>("stored");
+        QTest::newRow("description") << Act([](const MaintWindow &w) { w.typeInto(u"txtDesc", u" Zoe "_s); })
+                                     << u"3| Zoe ||0|"_s;
+        QTest::newRow("phone") << Act([](const MaintWindow &w) { w.typeInto(u"txtBouPhone", u"1-2"_s); })
+                               << u"3|Alice|1-2|0|"_s;
+        QTest::newRow("favourite") << Act([](const MaintWindow &w) {
+            QVERIFY(gui::click(w.the<QCheckBox>(u"chkBouFav")));
+        }) << u"3|Alice||1|"_s;
+        QTest::newRow("notes of two lines") << Act([](const MaintWindow &w) {
+            w.typeInto(u"txtBouNotes", u"x"_s);
+            gui::press(Qt::Key_Return);
+            gui::type(u"y"_s);
+        }) << u"3|Alice||0|780D0A79"_s;
+    }
+    void changing()
+    {
+        QFETCH(Act, act);
+        EditorFixture e(threeSellers);
+        e.start();
+        const MaintWindow w(e, sellers);
+        act(w);
+        QCOMPARE(w.buttons(), editingButtons);
+        QCOMPARE(w.button(u"cmdUpdate").geometry(), w.button(u"cmdFind").geometry());
+        QCOMPARE(w.button(u"cmdCancel").geometry(), w.button(u"cmdDelete").geometry());
+        gui::press(Qt::Key_Escape);
+        w.press(u"cmdCancel");
+        QCOMPARE(w.buttons(), browsingButtons);
+        QCOMPARE(w.shown(), u"Carol"_s); // the last one, whichever was being changed
+        w.press(u"cmdFirst");
+        act(w);
+        w.press(u"cmdUpdate");
+        QCOMPARE(w.buttons(), browsingButtons);
+        QCOMPARE(w.defaultButton(), u"cmdOk"_s);
+        QCOMPARE(e.desktop.problems(), QStringList());
+        e.close();
+        QTEST(storedSellers(e).last(), "stored");
+    }
+
+    // The changed entry is shown in its new place; what was not touched is stored as it was, a single line
+    // feed in the notes and a description longer than the limit too.
+    void untouchedFieldsAreKept()
+    {
+        const QString longText(80, u'x');
+        EditorFixture e(threeSellers +
+                        u"; update boughtfrom set bouDesc = '%1' where bouid = 1"_s.arg(longText));
+        e.start();
+        const MaintWindow w(e, sellers);
+        w.press(u"cmdLast");
+        QCOMPARE(w.shown(), longText);
+        w.typeInto(u"txtBouPhone", u"556"_s);
+        w.press(u"cmdUpdate");
+        w.press(u"cmdFirst");
+        w.typeInto(u"txtDesc", QString(60, u'y'));
+        w.press(u"cmdUpdate");
+        QCOMPARE(w.shown(), QString(50, u'y'));
+        w.press(u"cmdPrevious");
+        QCOMPARE(w.shown(), longText);
+        e.close();
+        QCOMPARE(storedSellers(e), QStringList({u"1|%1|556|1|610A62"_s.arg(longText), u"2|bob|NULL|NULL|"_s,
+                                                u"3|%1||0|"_s.arg(QString(50, u'y'))}));
+    }
+
+    void addingASeries()
+    {
+        EditorFixture e(threeSellers);
+        e.start();
+        const MaintWindow w(e, sellers);
+        w.press(u"cmdAddNew");
+        QCOMPARE(w.buttons(), addingButtons);
+        QCOMPARE(w.defaultButton(), u"cmdAddNew"_s);
+        QVERIFY(w.edit(u"txtDesc").hasFocus());
+        QCOMPARE(w.shown(), QString());
+        gui::type(u"Dora"_s);
+        QVERIFY(gui::click(w.the<QCheckBox>(u"chkBouFav")));
+        QCOMPARE(w.buttons(), addingButtons);
+        gui::press(Qt::Key_Return);
+        QCOMPARE(w.buttons(), addingButtons);
+        QCOMPARE(w.shown(), QString());
+        QVERIFY(!w.the<QCheckBox>(u"chkBouFav").isChecked());
+        for (const auto *button : {u"cmdAddNew", u"cmdUpdate"}) {
+            e.desktop.expectMessage(u"You must enter a description or press Cancel"_s, u"Missing Data"_s);
+            w.press(button);
+            QCOMPARE(w.buttons(), addingButtons);
+        }
+        w.typeInto(u"txtDesc", u"Al"_s);
+        w.press(u"cmdUpdate");
+        QCOMPARE(w.shown(), u"Al"_s);
+        QCOMPARE(w.buttons(), browsingButtons);
+        QCOMPARE(w.defaultButton(), u"cmdAddNew"_s);
+        gui::press(Qt::Key_Enter);
+        QCOMPARE(w.buttons(), addingButtons);
+        gui::type(u"Dropped"_s);
+        w.press(u"cmdCancel");
+        QCOMPARE(w.shown(), u"Dora"_s);
+        QCOMPARE(w.defaultButton(), u"cmdOk"_s);
+        QCOMPARE(e.desktop.problems(), QStringList());
+        // Enter is for the default button, wherever the focus is.
+        w.button(u"cmdFirst").setFocus();
+        gui::press(Qt::Key_Return);
+        QVERIFY(gui::waitUntil([&] { return !w.window; }, "window closed by Ok"));
+        e.close();
+        QCOMPARE(storedSellers(e).mid(3), QStringList({u"4|Dora||1|"_s, u"5|Al||0|"_s}));
+    }
+
+    void emptyTable()
+    {
+        EditorFixture e(u"delete from category"_s);
+        e.start();
+        const MaintWindow w(e, categories);
+        QVERIFY(w.isShowingNothing());
+        for (const auto *button : {u"cmdFirst", u"cmdPrevious", u"cmdNext", u"cmdLast", u"cmdDelete"})
+            w.press(button);
+        e.desktop.answerText(u"Enter the Coin Category description to find:"_s, u"Find Code"_s, QString());
+        e.desktop.expectMessage(u"That record was not found."_s, u"No Records Match"_s);
+        w.press(u"cmdFind");
+        w.press(u"cmdAddNew");
+        QVERIFY(w.edit(u"txtDesc").hasFocus());
+        w.press(u"cmdCancel");
+        QVERIFY(w.isShowingNothing());
+        w.press(u"cmdAddNew");
+        gui::type(u"Only"_s);
+        w.press(u"cmdUpdate");
+        QCOMPARE(w.shown(), u"Only"_s);
+        e.desktop.answerYesNo(u"Are you sure that you want to delete this category?"_s, u"Delete Category"_s,
+                              Answer::Yes);
+        w.press(u"cmdDelete");
+        QVERIFY(w.isShowingNothing());
+        QCOMPARE(w.buttons(), browsingButtons);
+        QCOMPARE(e.desktop.problems(), QStringList());
+    }
+
+    void findingSpecialText_data()
+    {
+        QTest::addColumn<std::optional<QString>>("answer");
+        QTest::addColumn<QString>("found"); // nothing: the entry on screen stays
+        using Answered = std::optional<QString>;
+        QTest::newRow("nothing") << Answered(QString()) << u"\"Q\" type"_s;
+        QTest::newRow("cancelled") << Answered() << u"\"Q\" type"_s;
+        QTest::newRow("apostrophe") << Answered(u"o'b"_s) << u"O'Brien"_s;
+        QTest::newRow("apostrophes alone") << Answered(u"''"_s) << QString();
+        QTest::newRow("quotation mark") << Answered(u"\""_s) << u"\"Q\" type"_s;
+        QTest::newRow("open bracket") << Answered(u"[un"_s) << u"[unlisted"_s;
+        QTest::newRow("closed brackets") << Answered(u"[xyz]e"_s) << u"Zeta"_s;
+        QTest::newRow("pattern") << Answered(u"*brien"_s) << u"O'Brien"_s;
+        QTest::newRow("percent sign is none") << Answered(u"%"_s) << QString();
+        QTest::newRow("place of an argument") << Answered(u"%1"_s) << QString();
+        QTest::newRow("accent and case") << Answered(u"ZÉ"_s) << u"Zeta"_s;
+    }
+    void findingSpecialText()
+    {
+        QFETCH(std::optional<QString>, answer);
+        QFETCH(QString, found);
+        EditorFixture e(u"delete from category; insert into category (catdesc) values "
+                        "('100% silver'), ('O''Brien'), ('[unlisted'), ('\"Q\" type'), ('Zeta'), ('Zz')"_s);
+        e.start();
+        const MaintWindow w(e, categories);
+        w.press(u"cmdLast");
+        e.desktop.answerText(u"Enter the Coin Category description to find:"_s, u"Find Code"_s, answer);
+        if (found.isEmpty())
+            e.desktop.expectMessage(u"That record was not found."_s, u"No Records Match"_s);
+        w.press(u"cmdFind");
+        QCOMPARE(w.shown(), found.isEmpty() ? u"Zz"_s : found);
+        QCOMPARE(e.desktop.problems(), QStringList());
+    }
+
+    void closingDropsOnlyTheEdit()
+    {
+        EditorFixture e(threeSellers);
+        e.start();
+        const MaintWindow w(e, sellers);
+        w.typeInto(u"txtDesc", u"Dropped"_s);
+        w.window->close();
+        QVERIFY(gui::waitUntil([&] { return !w.window; }, "window gone"));
+        gui::activate(*e.window);
+        e.press(u"cmdAddNew");
+        gui::type(u"Penny"_s);
+        e.press(u"cmdUpdate");
+        QVERIFY(e.isBrowsing());
+        QCOMPARE(e.desktop.problems(), QStringList());
+        e.close();
+        QCOMPARE(storedSellers(e).last(), u"3|Alice||0|"_s);
+    }
+
+    void lockedRowIsTriedAgain()
+    {
+        EditorFixture e(threeSellers);
+        e.start();
+        const MaintWindow w(e, sellers);
+        e.desktop.answerYesNo(u"Are you sure that you want to delete this seller?"_s,
+                              u"Delete Seller (Bought From)"_s, Answer::Yes);
+        e.desktop.answerYesNo(u"Could not update locked record.  Do you wish to try again?"_s,
+                              u"Locked Record"_s, Answer::Yes);
+        int locked = 150;
+        e.shared->CoinDatabase->setFaultHook(
+            [&](FaultPoint point) { return point == FaultPoint::Delete && locked-- > 0 ? SQLITE_BUSY : 0; });
+        w.press(u"cmdDelete");
+        QCOMPARE(w.shown(), u"bob"_s);
+        QCOMPARE(e.desktop.problems(), QStringList());
+    }
+};
+
+QTEST_MAIN(EntriesTest)
+#include "Entries.moc"

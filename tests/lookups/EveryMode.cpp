@@ -1,0 +1,208 @@
+// What differs between the seven tables, and that each of them is kept as it should be.
+#include "lookups/LookupFixture.h"
+
+using namespace obelmark;
+
+namespace {
+
+struct ModeRow
+{
+    const char *table;
+    const char *key;
+    const char *description;
+    const char *list; ///< of the main window
+    bool SharedState::*reload;
+    int helpTopic;
+    const char *caption;
+    const char *label;
+    const char *question;
+    const char *title;
+    const char *inUse;
+    const char *prompt;
+};
+
+constexpr ModeRow modes[] = {
+    {"category", "catid", "catdesc", "cmbCat", &SharedState::ReloadCategories, 19, "Maintain Coin Categories",
+     "Coin Category Description", "Are you sure that you want to delete this category?", "Delete Category",
+     "This category is in use in a Coin record", "Enter the Coin Category description to find:"},
+    {"condition", "conid", "condesc", "cmbCon", &SharedState::ReloadConditions, 20, "Maintain Conditions",
+     "Condition Description", "Are you sure that you want to delete this Coin condition?", "Delete Condition",
+     "This condition is in use in a Coin record", "Enter the Coin condition description to find:"},
+    {"country", "couid", "coudesc", "cmbCou", &SharedState::ReloadCountries, 49, "Maintain Countries",
+     "Country Description", "Are you sure that you want to delete this country?", "Delete Country",
+     "This country is in use in a Coin record", "Enter the country description to find:"},
+    {"format", "forid", "fordesc", "cmbFor", &SharedState::ReloadFormats, 50, "Maintain Formats",
+     "Format Description", "Are you sure that you want to delete this format?", "Delete Format",
+     "This format is in use in a Coin record", "Enter the format description to find:"},
+    {"mint", "minid", "mindesc", "cmbMin", &SharedState::ReloadMints, 51, "Maintain Mints",
+     "Mint Description", "Are you sure that you want to delete this mint?", "Delete Mint",
+     "This mint is in use in a Coin record", "Enter the mint description to find:"},
+    {"boughtfrom", "bouid", "boudesc", "cmbBou", &SharedState::ReloadSellers, 52,
+     "Maintain Sellers (Bought From)", "Seller Description",
+     "Are you sure that you want to delete this seller?", "Delete Seller (Bought From)",
+     "This seller is in use in a Coin record", "Enter the Coin seller description to find:"},
+    {"type", "typid", "typdesc", "cmbTyp", &SharedState::ReloadTypes, 54, "Maintain Types",
+     "Type Description", "Are you sure that you want to delete this type?", "Delete Type",
+     "This type is in use in a Coin record", "Enter the type description to find:"},
+};
+
+QString text(const char *utf8)
+{
+    return QString::fromUtf8(utf8);
+}
+
+/// Four entries; the coin uses the first of the two called Beta.
+QString entries(const ModeRow &mode)
+{
+    return u"delete from %1; insert into %1 (%2, %3) values "
+           "(901, 'alpha'), (902, 'Beta'), (903, 'Beta'), (904, 'gamma');"
+           "insert into Coin (coinid, descr, quantity, %2) values (5, 'Penny', 1, 902)"_s.arg(
+               text(mode.table), text(mode.key), text(mode.description));
+}
+
+constexpr int sellers = 6;
+
+} // namespace
+
+class EveryModeTest : public QObject
+{
+    Q_OBJECT
+private:
+    static void everyMode()
+    {
+        QTest::addColumn<int>("mode");
+        for (int mode = 1; mode <= int(std::size(modes)); ++mode)
+            QTest::newRow(modes[mode - 1].table) << mode;
+    }
+
+private slots:
+    void opening_data() { everyMode(); }
+    void opening()
+    {
+        QFETCH(int, mode);
+        const ModeRow &row = modes[mode - 1];
+        EditorFixture e(entries(row));
+        e.start();
+        const MaintWindow w(e, mode);
+        QCOMPARE(w.window->windowTitle(), text(row.caption));
+        QCOMPARE(w.the<QLabel>(u"lblDesc").text(), text(row.label));
+        QVERIFY(!w.window->isModal());
+        QCOMPARE(w.shown(), u"alpha"_s);
+        QCOMPARE(w.buttons(), browsingButtons);
+        QCOMPARE(w.defaultButton(), u"cmdOk"_s);
+        for (const auto *name :
+             {u"lblBouPhone", u"txtBouPhone", u"chkBouFav", u"lblBouNotes", u"txtBouNotes"})
+            QCOMPARE(w.the<QWidget>(name).isVisible(), mode == sellers);
+        // The place of the seller's fields stays where there are none.
+        QVERIFY(w.button(u"cmdFirst").y() - w.edit(u"txtDesc").geometry().bottom() > 100);
+
+        int asked = 0;
+        const auto widgets = w.window->findChildren<QWidget *>();
+        for (QWidget *widget : widgets) {
+            if (widget->objectName().startsWith(u"qt_") || !widget->isVisible() ||
+                widget->focusPolicy() == Qt::NoFocus)
+                continue;
+            widget->setFocus();
+            gui::press(Qt::Key_F1);
+            QCOMPARE(e.desktop.calls().last().topic, row.helpTopic);
+            ++asked;
+        }
+        QCOMPARE(asked, mode == sellers ? 12 : 9);
+    }
+
+    // An entry of the same description that no coin uses may go.
+    void deleting_data() { everyMode(); }
+    void deleting()
+    {
+        QFETCH(int, mode);
+        const ModeRow &row = modes[mode - 1];
+        EditorFixture e(entries(row));
+        e.start();
+        const MaintWindow w(e, mode);
+        const auto pressDelete = [&](Answer answer) {
+            e.desktop.answerYesNo(text(row.question), text(row.title), answer);
+            w.press(u"cmdDelete");
+        };
+        pressDelete(Answer::No);
+        QCOMPARE(w.shown(), u"alpha"_s);
+        w.press(u"cmdNext");
+        e.desktop.answerYesNo(text(row.question), text(row.title), Answer::Yes);
+        e.desktop.expectMessage(text(row.inUse), u"Cannot Delete"_s);
+        w.press(u"cmdDelete");
+        QCOMPARE(w.shown(), u"Beta"_s);
+        w.press(u"cmdNext");
+        pressDelete(Answer::Yes);
+        QCOMPARE(w.shown(), u"gamma"_s);
+        pressDelete(Answer::Yes);
+        QCOMPARE(w.shown(), u"Beta"_s);
+        QCOMPARE(w.buttons(), browsingButtons);
+        QCOMPARE(e.desktop.problems(), QStringList());
+        e.close();
+        QCOMPARE(e.collection.query(u"select %2 from %1 order by %2"_s.arg(text(row.table), text(row.key))),
+                 QStringList({u"901"_s, u"902"_s}));
+    }
+
+    void finding_data() { everyMode(); }
+    void finding()
+    {
+        QFETCH(int, mode);
+        const ModeRow &row = modes[mode - 1];
+        EditorFixture e(entries(row));
+        e.start();
+        const MaintWindow w(e, mode);
+        e.desktop.answerText(text(row.prompt), u"Find Code"_s, u"G"_s);
+        w.press(u"cmdFind");
+        QCOMPARE(w.shown(), u"gamma"_s);
+        e.desktop.answerText(text(row.prompt), u"Find Code"_s, u"amma"_s);
+        e.desktop.expectMessage(u"That record was not found."_s, u"No Records Match"_s);
+        w.press(u"cmdFind");
+        QCOMPARE(w.shown(), u"gamma"_s);
+        QCOMPARE(e.desktop.problems(), QStringList());
+    }
+
+    // Only the list that has changed is built again. The coin on screen keeps its entry, and the rebuilding
+    // is not taken for a change by the user.
+    void mainWindowFollows_data() { everyMode(); }
+    void mainWindowFollows()
+    {
+        QFETCH(int, mode);
+        const ModeRow &row = modes[mode - 1];
+        EditorFixture e(entries(row));
+        e.start();
+        const MaintWindow w(e, mode);
+        w.press(u"cmdNext");
+        w.typeInto(u"txtDesc", u"Omega"_s);
+        w.press(u"cmdUpdate");
+        for (const ModeRow &other : modes)
+            QCOMPARE((*e.shared).*other.reload, &other == &row);
+        const LookupList &list = e.list(text(row.list));
+        QCOMPARE(list.currentText(), u"Beta"_s);
+        gui::activate(*e.window);
+        QCOMPARE(list.currentText(), u"Omega"_s);
+        QCOMPARE(list.key(), 902);
+        QCOMPARE(list.currentIndex(), 3);
+        QVERIFY(!((*e.shared).*row.reload));
+        QVERIFY(e.isBrowsing());
+    }
+
+    void mainWindowKeepsItsEdit()
+    {
+        EditorFixture e(entries(modes[0]));
+        e.start();
+        const MaintWindow w(e, 1);
+        gui::activate(*e.window);
+        e.typeInto(u"txtDescr", u"Halfpenny"_s);
+        gui::activate(*w.window);
+        w.press(u"cmdAddNew");
+        gui::type(u"Aardvark"_s);
+        w.press(u"cmdUpdate");
+        gui::activate(*e.window);
+        QVERIFY(e.isEditing());
+        QCOMPARE(e.shownCoin(), u"Halfpenny"_s);
+        QCOMPARE(e.list(u"cmbCat").itemText(0), u"Aardvark"_s);
+        QCOMPARE(e.list(u"cmbCat").key(), 902);
+    }
+};
+
+QTEST_MAIN(EveryModeTest)
+#include "EveryMode.moc"

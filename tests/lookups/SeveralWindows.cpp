@@ -1,0 +1,225 @@
+// Windows beside each other: on the same table, beside the main window, across a repair and a lost database.
+#include "lookups/LookupFixture.h"
+#include <sqlite3.h>
+
+using namespace obelmark;
+
+namespace {
+
+constexpr int mints = 5;
+const QString deleteQuestion = u"Are you sure that you want to delete this mint?"_s;
+const QString deletedMessage = u"This entry has been deleted in another window."_s;
+
+QString mintsNamed(const QStringList &names)
+{
+    QString sql = u"delete from mint;"_s;
+    for (const QString &name : names)
+        sql += u"insert into mint (mindesc) values ('%1');"_s.arg(name);
+    return sql;
+}
+
+/// Deletes the entry that the window shows.
+void deleteShown(EditorFixture &e, const MaintWindow &w)
+{
+    gui::activate(*w.window);
+    e.desktop.answerYesNo(deleteQuestion, u"Delete Mint"_s, Answer::Yes);
+    w.press(u"cmdDelete");
+}
+
+QStringList storedMints(const EditorFixture &e)
+{
+    return e.collection.query(u"select mindesc from mint order by mindesc"_s);
+}
+
+/// Two windows on the same entry.
+struct TwoWindows
+{
+    TwoWindows(const QStringList &names, int steps) : program(mintsNamed(names))
+    {
+        program.start();
+        one.emplace(program, mints);
+        other.emplace(program, mints);
+        for (int i = 0; i < steps; ++i) {
+            for (const auto *window : {&*one, &*other}) {
+                gui::activate(*window->window);
+                window->press(u"cmdNext");
+            }
+        }
+    }
+
+    EditorFixture program;
+    std::optional<MaintWindow> one;
+    std::optional<MaintWindow> other;
+};
+
+} // namespace
+
+class SeveralWindowsTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void deletedElsewhere_data()
+    {
+        QTest::addColumn<int>("steps"); // to the entry that goes
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<bool>("typesBefore");
+        QTest::addColumn<QString>("message");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("next") << 1 << u"cmdNext"_s << false << QString() << u"c"_s;
+        QTest::newRow("previous") << 1 << u"cmdPrevious"_s << false << QString() << u"a"_s;
+        QTest::newRow("next from the end") << 2 << u"cmdNext"_s << false << QString() << u"b"_s;
+        QTest::newRow("previous from the start") << 0 << u"cmdPrevious"_s << false << QString() << u"b"_s;
+        QTest::newRow("first") << 0 << u"cmdFirst"_s << false << QString() << u"b"_s;
+        QTest::newRow("delete") << 1 << u"cmdDelete"_s << false << deletedMessage << u"c"_s;
+        QTest::newRow("update") << 1 << u"cmdUpdate"_s << true << deletedMessage << u"c"_s;
+        QTest::newRow("update at the end") << 2 << u"cmdUpdate"_s << true << deletedMessage << u"b"_s;
+        QTest::newRow("cancel") << 0 << u"cmdCancel"_s << true << QString() << u"c"_s;
+    }
+    void deletedElsewhere()
+    {
+        QFETCH(int, steps);
+        QFETCH(QString, button);
+        QFETCH(bool, typesBefore);
+        QFETCH(QString, message);
+        QFETCH(QString, shown);
+        TwoWindows two({u"a"_s, u"b"_s, u"c"_s}, steps);
+        if (typesBefore)
+            two.other->typeInto(u"txtDesc", u"changed"_s);
+        deleteShown(two.program, *two.one);
+        gui::activate(*two.other->window);
+        if (!message.isEmpty())
+            two.program.desktop.expectMessage(message, u"Entry Deleted"_s);
+        two.other->press(button);
+        QCOMPARE(two.other->shown(), shown);
+        QCOMPARE(two.other->buttons(), browsingButtons);
+        QCOMPARE(two.program.desktop.problems(), QStringList());
+        two.program.close();
+        QStringList left{u"a"_s, u"b"_s, u"c"_s};
+        left.removeAt(steps);
+        QCOMPARE(storedMints(two.program), left);
+    }
+
+    void onlyEntryDeletedElsewhere_data()
+    {
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("next") << u"cmdNext"_s << QString();
+        QTest::newRow("delete") << u"cmdDelete"_s << deletedMessage;
+    }
+    void onlyEntryDeletedElsewhere()
+    {
+        QFETCH(QString, button);
+        QFETCH(QString, message);
+        TwoWindows two({u"a"_s}, 0);
+        deleteShown(two.program, *two.one);
+        gui::activate(*two.other->window);
+        QCOMPARE(two.other->shown(), u"a"_s);
+        if (!message.isEmpty())
+            two.program.desktop.expectMessage(message, u"Entry Deleted"_s);
+        two.other->press(button);
+        QVERIFY(two.other->isShowingNothing());
+        // The first entry of a table that was empty is shown by itself.
+        two.other->press(u"cmdAddNew");
+        gui::type(u"new"_s);
+        two.other->press(u"cmdUpdate");
+        gui::activate(*two.one->window);
+        QCOMPARE(two.one->shown(), u"new"_s);
+        QVERIFY(two.one->edit(u"txtDesc").isEnabled());
+        QCOMPARE(two.program.desktop.problems(), QStringList());
+    }
+
+    void changedElsewhere()
+    {
+        TwoWindows two({u"a"_s, u"b"_s, u"c"_s}, 0);
+        two.other->typeInto(u"txtDesc", u"bb"_s);
+        two.other->press(u"cmdUpdate");
+        QCOMPARE(two.other->shown(), u"bb"_s);
+        gui::activate(*two.one->window);
+        QCOMPARE(two.one->shown(), u"bb"_s);
+        QCOMPARE(two.one->buttons(), browsingButtons);
+        two.one->press(u"cmdNext");
+        QCOMPARE(two.one->shown(), u"c"_s);
+        // An edit is not overwritten by what another window writes.
+        two.one->typeInto(u"txtDesc", u"mine"_s);
+        gui::activate(*two.other->window);
+        two.other->press(u"cmdLast");
+        two.other->typeInto(u"txtDesc", u"theirs"_s);
+        two.other->press(u"cmdUpdate");
+        gui::activate(*two.one->window);
+        QCOMPARE(two.one->shown(), u"mine"_s);
+        two.one->press(u"cmdUpdate");
+        two.program.close();
+        QCOMPARE(storedMints(two.program), QStringList({u"b"_s, u"bb"_s, u"mine"_s}));
+    }
+
+    void closingOneLeavesTheOther()
+    {
+        TwoWindows two({u"a"_s, u"b"_s}, 0);
+        two.one->press(u"cmdOk");
+        QVERIFY(gui::waitUntil([&] { return !two.one->window; }, "window closed by Ok"));
+        gui::activate(*two.other->window);
+        two.other->press(u"cmdNext");
+        QCOMPARE(two.other->shown(), u"b"_s);
+    }
+
+    // Backup and packing close the database under the window: it may be looked at and closed by its frame,
+    // but not used.
+    void databaseClosedUnderTheWindow()
+    {
+        EditorFixture e(mintsNamed({u"a"_s}));
+        e.start();
+        const MaintWindow w(e, mints);
+        const MaintWindow closedByFrame(e, mints);
+        e.shared->CoinRecordset.reset();
+        e.shared->CoinDatabase.reset();
+        gui::activate(*w.window);
+        closedByFrame.window->close();
+        QCOMPARE(e.desktop.problems(), QStringList());
+        for (const auto *button : {u"cmdNext", u"cmdDelete", u"cmdOk"}) {
+            e.desktop.expectMessage(
+                u"An error has occurred.  You may have forgotten to close a window before packing or backing "
+                "up the program's database.  Please rerun the program."_s);
+            QVERIFY_THROWS_EXCEPTION(ProgramEnded, w.button(button).click());
+            QCOMPARE(e.desktop.problems(), QStringList());
+        }
+    }
+
+    // A window comes upon damage: every window goes on with the repaired file where it was, also the main
+    // window, whose next Update must not write into another coin.
+    void repairedUnderTheWindows()
+    {
+        EditorFixture e(mintsNamed({u"a"_s, u"b"_s, u"c"_s}) +
+                        u"insert into Coin (descr, quantity) values ('One', 1), ('Two', 1)"_s);
+        e.start();
+        e.press(u"cmdNext");
+        e.typeInto(u"txtMetal", u"silver"_s);
+        const MaintWindow browsing(e, mints);
+        browsing.press(u"cmdLast");
+        const MaintWindow editing(e, mints);
+        editing.press(u"cmdNext");
+        editing.typeInto(u"txtDesc", u"bb"_s);
+        gui::activate(*browsing.window);
+        e.shared->CoinDatabase->setFaultHook(
+            [](FaultPoint point) { return point == FaultPoint::Query ? SQLITE_CORRUPT : 0; });
+        browsing.press(u"cmdPrevious");
+        QCOMPARE(e.desktop.calls().size(), 1);
+        QVERIFY(e.desktop.calls().first().text.startsWith(u"The database file was damaged"));
+        QCOMPARE(browsing.shown(), u"c"_s);
+        browsing.press(u"cmdPrevious");
+        QCOMPARE(browsing.shown(), u"b"_s);
+        gui::activate(*editing.window);
+        QCOMPARE(editing.buttons(), editingButtons);
+        editing.press(u"cmdUpdate");
+        gui::activate(*e.window);
+        QVERIFY(e.isEditing());
+        e.press(u"cmdUpdate");
+        QCOMPARE(e.desktop.calls().size(), 1);
+        e.close();
+        QCOMPARE(storedMints(e), QStringList({u"a"_s, u"bb"_s, u"c"_s}));
+        QCOMPARE(e.collection.query(u"select descr, Metal from Coin order by descr"_s),
+                 QStringList({u"One|NULL"_s, u"Two|silver"_s}));
+    }
+};
+
+QTEST_MAIN(SeveralWindowsTest)
+#include "SeveralWindows.moc"
