@@ -15,7 +15,7 @@
 #include "editor/frmAbout.h"
 #include "forms/EditButtons.h"
 #include "forms/HelpKey.h"
-#include "forms/PromptButtons.h"
+#include "forms/AccessKeys.h"
 #include "lookups/frmCodesMaint.h"
 #include "runtime/Dates.h"
 #include "store/CoinFile.h"
@@ -78,7 +78,7 @@ bool isTabStop(const QWidget &widget)
 frmMain::frmMain(SharedState &shared) : m_shared(shared), m_ui(std::make_unique<Ui::frmMain>())
 {
     m_ui->setupUi(this);
-    new PromptButtons(*this);
+    new AccessKeys(*this);
     resize(size().boundedTo(screen()->availableSize()));
     m_fields = std::make_unique<CoinFields>(*this, shared);
     m_buttons = std::make_unique<EditButtons>(*this, QList{m_ui->cmdPicture, m_ui->cmdSoldSome});

@@ -7,6 +7,7 @@
 #include "forms/EditButtons.h"
 #include "forms/FieldControl.h"
 #include "forms/HelpKey.h"
+#include "forms/AccessKeys.h"
 #include "lookups/CodesModes.h"
 #include "store/CoinFile.h"
 #include "store/ErrorHandling.h"
@@ -37,6 +38,7 @@ frmCodesMaint::frmCodesMaint(SharedState &shared, QWidget *parent)
         addField(u"bounotes", std::make_unique<NotesControl>(m_ui->txtBouNotes));
     }
     connectButtons();
+    new AccessKeys(*this);
     new HelpKey(*this, shared.desktop, shared.HelpFilePath);
     Form_Load();
 }

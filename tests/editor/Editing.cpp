@@ -84,8 +84,33 @@ private slots:
             gui::press(Qt::Key(key));
         }
         e.list(u"cmbCon").setFocus();
-        e.pressByKey(u"cmdNext", Qt::Key_N);
+        gui::press(Qt::Key_N, Qt::AltModifier);
         QVERIFY(e.isBrowsing());
+        QCOMPARE(e.shownCoin(), u"Beta"_s);
+    }
+
+    // The button of an access key may be hidden, or lie on another page: the letter must not become text.
+    void accessKeysWithoutAButtonTypeNothing()
+    {
+        EditorFixture e(twoCoins);
+        e.start();
+        e.enter(u"txtDescr");
+        gui::press(Qt::Key_O, Qt::AltModifier);
+        gui::press(Qt::Key_U, Qt::AltModifier);
+        QCOMPARE(e.shownCoin(), u"Alpha"_s);
+        QVERIFY(e.isBrowsing());
+        e.typeInto(u"txtDescr", u"Aleph"_s);
+        gui::press(Qt::Key_N, Qt::AltModifier);
+        e.enter(u"txtNotes");
+        gui::press(Qt::Key_L, Qt::AltModifier);
+        QCOMPARE(e.shownCoin(), u"Aleph"_s);
+        QCOMPARE(e.the<QPlainTextEdit>(u"txtNotes").toPlainText(), QString());
+        // It acts at once: what is typed next belongs to the next coin.
+        gui::press(Qt::Key_U, Qt::AltModifier);
+        QVERIFY(e.isBrowsing());
+        e.press(u"cmdFirst");
+        e.enter(u"txtDescr");
+        gui::press(Qt::Key_N, Qt::AltModifier);
         QCOMPARE(e.shownCoin(), u"Beta"_s);
     }
 

@@ -91,12 +91,6 @@ public:
         QVERIFY(gui::click(button(buttonName)));
         QTest::qWait(1);
     }
-    /// Presses a button by its access key, which takes its time to show the button pressed.
-    void pressByKey(QStringView buttonName, Qt::Key key) const
-    {
-        gui::press(key, Qt::AltModifier);
-        QVERIFY(gui::waitUntil([&] { return !button(buttonName).isDown(); }, "button released"));
-    }
     QString shownCoin() const { return edit(u"txtDescr").text(); }
     bool isBrowsing() const
     {

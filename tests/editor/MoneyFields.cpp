@@ -146,25 +146,25 @@ private slots:
         e.start();
         e.typeInto(u"txtPricePaid", u"abc"_s);
         e.desktop.expectMessage(notANumber);
-        e.pressByKey(u"cmdUpdate", Qt::Key_U);
+        gui::press(Qt::Key_U, Qt::AltModifier);
         QCOMPARE(e.desktop.problems(), QStringList());
         QVERIFY(e.isEditing());
         e.typeInto(u"txtPricePaid", u"2.5"_s);
-        e.pressByKey(u"cmdUpdate", Qt::Key_U);
+        gui::press(Qt::Key_U, Qt::AltModifier);
         QVERIFY(e.isBrowsing());
         QCOMPARE(e.edit(u"txtTotalPaid").text(), u"$10.00"_s);
 
         e.typeInto(u"txtQuantity", u"6"_s);
-        e.pressByKey(u"cmdUpdate", Qt::Key_U);
+        gui::press(Qt::Key_U, Qt::AltModifier);
         QCOMPARE(e.edit(u"txtTotalPaid").text(), u"$15.00"_s);
         // A quantity that is none reaches the record rules.
         e.typeInto(u"txtQuantity", u"six"_s);
         e.desktop.expectMessage(u"You must enter number in the quantity field."_s,
                                 u"Non-numeric Quantity Entered"_s);
-        e.pressByKey(u"cmdUpdate", Qt::Key_U);
+        gui::press(Qt::Key_U, Qt::AltModifier);
         QCOMPARE(e.desktop.problems(), QStringList());
         e.typeInto(u"txtQuantity", u"6"_s);
-        e.pressByKey(u"cmdUpdate", Qt::Key_U);
+        gui::press(Qt::Key_U, Qt::AltModifier);
         e.close();
         QCOMPARE(e.collection.query(u"select quantity, pricepaid, totalpaid from Coin"_s),
                  QStringList(u"6|25000|150000"_s));
