@@ -15,7 +15,7 @@ missed=0
 # A screen of its own, with nothing else on it.
 work=$(mktemp -d)
 mkfifo "$work/screen"
-Xvfb -displayfd 3 -screen 0 1920x1200x24 -nolisten tcp 3>"$work/screen" 2>"$work/log" &
+Xvfb -displayfd 3 -screen 0 1920x1200x24 -nolisten tcp -noreset 3>"$work/screen" 2>"$work/log" &
 trap 'kill $!; rm -rf "$work"' EXIT
 read -r screen <"$work/screen"
 export DISPLAY=":$screen" QT_QPA_PLATFORM=xcb LC_ALL=en_US.UTF-8 XDG_RUNTIME_DIR="$work"

@@ -4,8 +4,6 @@
 
 namespace obelmark {
 
-static constexpr int monthsOfYear = 12;
-
 int MonthPage::columnOfFirst() const
 {
     return QDate(m_chosen.year(), m_chosen.month(), 1).dayOfWeek() % columns;

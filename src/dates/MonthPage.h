@@ -14,6 +14,7 @@ class MonthPage
 public:
     static constexpr int rows = 7;
     static constexpr int columns = 7;
+    static constexpr int monthsOfYear = 12;
 
     struct Cell
     {

@@ -13,8 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int monthsOfYear = 12;
-constexpr int daysOfWeek = 7;
+constexpr int monthsOfYear = MonthPage::monthsOfYear;
 
 QDate dayOrToday(Date date)
 {
@@ -162,10 +161,10 @@ bool frmDateEnt::pressInGrid(int key, bool withCtrl)
         choose(day + 1);
         return true;
     case Qt::Key_Up:
-        choose(day - daysOfWeek);
+        choose(day - MonthPage::columns);
         return true;
     case Qt::Key_Down:
-        choose(day + daysOfWeek);
+        choose(day + MonthPage::columns);
         return true;
     case Qt::Key_Home:
         choose(1);

@@ -1,6 +1,7 @@
 #include "engine/DatabaseCore.h"
 #include "engine/Companions.h"
 #include "engine/EngineError.h"
+#include "engine/OrderedTable.h"
 #include "engine/SqlFunctions.h"
 #include <QDir>
 #include <QFileInfo>
@@ -25,6 +26,9 @@ QString existingFile(const QString &path)
         throw EngineError(UnrecognizedFormat, fullPath);
     return fullPath;
 }
+
+/// Texts that dynasets are opened with; a few in practice.
+constexpr size_t mostOrderedTables = 32;
 
 /// Pages kept in memory, in KiB: enough for the upper levels of every index of a million coins.
 constexpr char cacheSize[] = "pragma cache_size = -8000";
@@ -92,6 +96,7 @@ void DatabaseCore::close() noexcept
 {
     for (OpenRecordset *recordset : std::exchange(m_recordsets, {}))
         recordset->invalidate();
+    m_orderedTables.clear();
     m_connection.reset();
 }
 
@@ -105,6 +110,16 @@ void DatabaseCore::meetFault(FaultPoint point) const
                                    : point == FaultPoint::Query ? Reading
                                                                 : Writing;
     raiseSqlError(resultCode, sqlite3_errstr(resultCode), {kind, m_path, {}});
+}
+
+std::shared_ptr<OrderedTable> DatabaseCore::orderedTable(const QString &dynasetSql)
+{
+    if (const auto known = m_orderedTables.find(dynasetSql); known != m_orderedTables.end())
+        return known->second;
+    if (m_orderedTables.size() >= mostOrderedTables)
+        m_orderedTables.clear();
+    const auto made = std::make_shared<OrderedTable>(*this, parseDynasetQuery(dynasetSql, *m_schema));
+    return m_orderedTables.emplace(dynasetSql, made).first->second;
 }
 
 qint64 DatabaseCore::reserveKey(const TableSchema &table)

@@ -4,11 +4,14 @@
 #include "engine/ErrorMapping.h"
 #include "engine/Schema.h"
 #include <SQLiteCpp/Database.h>
+#include <map>
 #include <optional>
 #include <unordered_map>
 #include <vector>
 
 namespace obelmark {
+
+class OrderedTable;
 
 /// What a database knows of a recordset open on it.
 class OpenRecordset
@@ -63,6 +66,10 @@ public:
     /// \throws Overflow when the table has used up its 32 bits
     qint64 reserveKey(const TableSchema &table);
 
+    /// The look-ups of dynasets opened with that text, shared by all of them: their statements, which take
+    /// longer to make than to run, are ready when an order is come back to.
+    std::shared_ptr<OrderedTable> orderedTable(const QString &dynasetSql);
+
     void add(OpenRecordset &recordset) { m_recordsets.push_back(&recordset); }
     void remove(OpenRecordset &recordset) { std::erase(m_recordsets, &recordset); }
 
@@ -77,6 +84,7 @@ private:
     std::optional<SQLite::Database> m_connection;
     std::optional<Schema> m_schema;
     std::unordered_map<const TableSchema *, qint64> m_reservedKeys;
+    std::map<QString, std::shared_ptr<OrderedTable>> m_orderedTables;
     std::vector<OpenRecordset *> m_recordsets;
     quint64 m_changeCount = 0;
 };

@@ -48,7 +48,7 @@ public:
     };
 
     std::shared_ptr<DatabaseCore> core;
-    std::optional<OrderedTable> rows; ///< nothing once closed
+    std::shared_ptr<OrderedTable> rows; ///< nothing once closed
     std::optional<TableWriter> writer;
     Place place = Place::BeforeFirst;
     OrderedRow current; ///< keeps its position when the row is deleted
@@ -62,10 +62,9 @@ public:
 Dynaset::Private::Private(std::shared_ptr<DatabaseCore> databaseCore, const QString &sql)
     : core(std::move(databaseCore))
 {
-    const DynasetQuery query = parseDynasetQuery(sql, core->schema());
+    rows = core->orderedTable(sql);
     core->meetFault(FaultPoint::Query);
-    rows.emplace(*core, query);
-    writer.emplace(*core, *query.table);
+    writer.emplace(*core, rows->table());
     if (auto row = rows->first(Direction::Forward)) {
         current = std::move(*row);
         place = Place::OnRow;

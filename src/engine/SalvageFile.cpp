@@ -190,7 +190,7 @@ std::optional<SalvagedRow> SalvageFile::readRow(const Page &page, int cell, cons
         return {};
     const Payload payload = findPayload(bytes.sliced(size.size + id.size), size.value, m_usableSize - 35);
     const auto layout = RecordLayout::read(payload.local, size.value);
-    if (!layout || layout->columnCount() > std::size_t(columnCount))
+    if (!layout || layout->columnCount() == 0 || layout->columnCount() > std::size_t(columnCount))
         return {};
     const QByteArray record = readPayload(payload, size.value);
     SalvagedRow row{std::int64_t(id.value), {}, true};

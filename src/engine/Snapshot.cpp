@@ -26,8 +26,10 @@ public:
 
     struct Contents
     {
-        RowStore rows;
+        explicit Contents(TableSchema &&resultColumns) : columns(std::move(resultColumns)) {}
+
         TableSchema columns;
+        RowStore rows;
         std::optional<RowSearch> search; ///< made by the first find
     };
 
@@ -46,7 +48,7 @@ Snapshot::Private::Private(std::shared_ptr<DatabaseCore> databaseCore, const QSt
         const SelectQuery query = translateSelect(sql, core->schema());
         SQLite::Statement statement(core->connection(), query.sql);
         const QString name = query.firstTable.isEmpty() ? u"snapshot"_s : query.firstTable;
-        contents.reset(new Contents{{}, resultColumns(statement, name), {}});
+        contents = std::make_unique<Contents>(resultColumns(statement, name));
         while (statement.executeStep())
             contents->rows.append(statement);
     });

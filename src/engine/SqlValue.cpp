@@ -7,12 +7,6 @@ namespace obelmark {
 
 namespace {
 
-template<class... Cases>
-struct Overloaded : Cases...
-{
-    using Cases::operator()...;
-};
-
 template<class Number>
 bool fitsInto(qint64 number)
 {
@@ -85,25 +79,29 @@ SqlCell cellAt(const SQLite::Statement &statement, int column)
 
 SqlValue copyOf(const SqlCell &cell)
 {
-    return std::visit(Overloaded{[](std::string_view text) -> SqlValue { return std::string(text); },
-                                 [](BlobOf<std::string_view> blob) -> SqlValue {
-                                     return BlobOf<std::string>{std::string(blob.bytes)};
-                                 },
-                                 [](auto plain) -> SqlValue { return plain; }},
-                      cell);
+    if (const auto *number = std::get_if<qint64>(&cell))
+        return *number;
+    if (const auto *number = std::get_if<double>(&cell))
+        return *number;
+    if (const auto *text = std::get_if<std::string_view>(&cell))
+        return std::string(*text);
+    if (const auto *blob = std::get_if<BlobOf<std::string_view>>(&cell))
+        return BlobOf<std::string>{std::string(blob->bytes)};
+    return {};
 }
 
 void bindValue(SQLite::Statement &statement, int parameter, const SqlValue &value)
 {
-    std::visit(Overloaded{[&](std::monostate) { statement.bind(parameter); },
-                          [&](qint64 number) { statement.bind(parameter, int64_t(number)); },
-                          [&](double number) { statement.bind(parameter, number); },
-                          [&](const std::string &text) { statement.bind(parameter, text); },
-                          [&](const BlobOf<std::string> &blob) {
-                              statement.bind(parameter, static_cast<const void *>(blob.bytes.data()),
-                                             int(blob.bytes.size()));
-                          }},
-               value);
+    if (const auto *number = std::get_if<qint64>(&value))
+        statement.bind(parameter, int64_t(*number));
+    else if (const auto *real = std::get_if<double>(&value))
+        statement.bind(parameter, *real);
+    else if (const auto *text = std::get_if<std::string>(&value))
+        statement.bind(parameter, *text);
+    else if (const auto *blob = std::get_if<BlobOf<std::string>>(&value))
+        statement.bind(parameter, static_cast<const void *>(blob->bytes.data()), int(blob->bytes.size()));
+    else
+        statement.bind(parameter);
 }
 
 Value toValue(const SqlCell &cell, const ColumnType &type)
