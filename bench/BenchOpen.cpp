@@ -56,7 +56,7 @@ void addOpenBenches()
 {
     for (const qint64 coins : {100 * thousand, million})
         registerComparison(
-            {.name = "open + first coin, " + std::to_string(coins / 1000) + " thousand",
+            {.name = "open + first coin, " + sizeName(coins),
              .prepare = [=] { return openBoth(collection(coins), collection(thousand), timeToFirstCoin); },
              .pairs = 200,
              .target = {.ratio = 1.2, .more = 1},

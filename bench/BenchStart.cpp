@@ -42,12 +42,11 @@ Sides prepareMemory()
 int main(int argc, char *argv[])
 {
     for (const qint64 coins : {thousand, million})
-        registerComparison(
-            {.name = "start to first coin on screen, " + std::to_string(coins / 1000) + " thousand",
-             .prepare = [coins] { return prepareStart(coins); },
-             .pairs = 20,
-             .target = {.more = 60},
-             .against = "bare window"});
+        registerComparison({.name = "start to first coin on screen, " + sizeName(coins),
+                            .prepare = [coins] { return prepareStart(coins); },
+                            .pairs = 20,
+                            .target = {.more = 60},
+                            .against = "bare window"});
     registerComparison({.name = "memory with first coin on screen, 1 million",
                         .prepare = prepareMemory,
                         .pairs = 5,

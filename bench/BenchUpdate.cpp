@@ -114,7 +114,7 @@ Sides prepareUpdate(bool inOrder)
 void addUpdateBenches()
 {
     for (const bool inOrder : {false, true})
-        registerComparison({.name = std::string("Update of price and notes") +
+        registerComparison({.name = std::string("Update of price, notes") +
                                     (inOrder ? ", description, number" : "") + ", 1 million",
                             .prepare = [=] { return prepareUpdate(inOrder); },
                             .pairs = 200,

@@ -42,6 +42,12 @@ QString copied(const QString &original, const QString &path)
 
 } // namespace
 
+std::string sizeName(qint64 coins)
+{
+    return coins < million ? std::to_string(coins / thousand) + " thousand"
+                           : std::to_string(coins / million) + " million";
+}
+
 QString collection(qint64 coins, Letters letters)
 {
     static constexpr std::array names{u"mixed", u"ascii", u"other"};

@@ -1,14 +1,18 @@
 #pragma once
 
 #include "CollectionTexts.h"
+#include <string>
 
 namespace obelmark::bench {
 
 constexpr qint64 thousand = 1000;
 constexpr qint64 million = 1000 * thousand;
 
-/// The coin.mdb of a program folder with that many coins. Made on the first use, and when the delivered tables
-/// have changed, and kept in the folder that OBELMARK_BENCH_DATA names, else in the build folder.
+/// Such as "100 thousand", "1 million".
+std::string sizeName(qint64 coins);
+
+/// The coin.mdb of a program folder with that many coins. Made on the first use, and when the delivered
+/// tables have changed, and kept in the folder that OBELMARK_BENCH_DATA names, else in the build folder.
 QString collection(qint64 coins, Letters letters = Letters::Mixed);
 
 /// A copy of it for the side that works with plain SQLite: the program keeps its file locked. Kept as well.

@@ -82,14 +82,14 @@ public:
             const Target &target = comparison.target;
             const char *name = comparison.name.c_str(), *unit = comparison.unit.c_str();
             if (run.error_occurred) {
-                std::printf("%-48s FAILED: %s\n", name, run.error_message.c_str());
+                std::printf("%-55s FAILED: %s\n", name, run.error_message.c_str());
                 allMet = false;
                 continue;
             }
             const double ours = run.counters.at("ours"), other = run.counters.at("other");
             const bool met = isMet(target, ours, other);
             allMet = allMet && met;
-            std::printf("%-48s %9.4f %s (99 %%: %9.4f)  %s %9.4f %s  %+9.4f %s %6.2fx  (target %s)  %s\n",
+            std::printf("%-55s %9.4f %s (99 %%: %9.4f)  %s %9.4f %s  %+9.4f %s %6.2fx  (target %s)  %s\n",
                         name, ours, unit, double(run.counters.at("ours_p99")), comparison.against.c_str(),
                         other, unit, ours - other, unit, ours / other, textOf(target, unit).c_str(),
                         met ? "pass" : "MISS");

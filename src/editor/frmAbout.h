@@ -15,7 +15,8 @@ class frmAbout : public QWidget
 {
     Q_OBJECT
 public:
-    frmAbout(Desktop &desktop, QWidget *parent);
+    /// \a helpFile is the path of the help file; it must outlive the window.
+    frmAbout(Desktop &desktop, const QString &helpFile, QWidget *parent);
     ~frmAbout() override;
 
 protected:

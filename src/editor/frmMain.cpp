@@ -324,7 +324,7 @@ void frmMain::mnuHelp_Click(int index)
 void frmMain::mnuAbout_Click()
 {
     if (!m_about)
-        m_about = new frmAbout(m_shared.desktop, this);
+        m_about = new frmAbout(m_shared.desktop, m_shared.HelpFilePath, this);
     m_about->show();
     m_about->raise();
     m_about->activateWindow();

@@ -1,15 +1,17 @@
 #include "forms/HelpKey.h"
 
 #include "desktop/Desktop.h"
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QMenuBar>
 #include <QShortcut>
 #include <QVariant>
 
 namespace obelmark {
 
 HelpKey::HelpKey(QWidget &window, Desktop &desktop, const QString &helpFile)
-    : QObject(&window), m_desktop(desktop), m_helpFile(helpFile)
+    : QObject(&window), m_window(window), m_desktop(desktop), m_helpFile(helpFile)
 {
     auto *key = new QShortcut(Qt::Key_F1, &window);
     connect(key, &QShortcut::activated, this, [this, &window] {
@@ -27,7 +29,22 @@ bool HelpKey::eventFilter(QObject *object, QEvent *event)
     if (event->type() != QEvent::KeyPress || static_cast<QKeyEvent *>(event)->key() != Qt::Key_F1)
         return false;
     const QObject *item = qobject_cast<QMenu *>(object)->activeAction();
-    showHelpFor(item ? item : object);
+    if (!item)
+        item = object;
+    // The help window comes when the menus have closed and the menu bar has given the focus back: later it
+    // would not.
+    while (QWidget *popup = QApplication::activePopupWidget())
+        popup->close();
+    QMetaObject::invokeMethod(
+        this,
+        [this, item] {
+            if (auto *bar = m_window.findChild<QMenuBar *>()) {
+                QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+                QApplication::sendEvent(bar, &escape);
+            }
+            showHelpFor(item);
+        },
+        Qt::QueuedConnection);
     return true;
 }
 

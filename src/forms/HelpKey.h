@@ -26,6 +26,7 @@ protected:
 private:
     void showHelpFor(const QObject *object);
 
+    QWidget &m_window;
     Desktop &m_desktop;
     const QString &m_helpFile;
 };
