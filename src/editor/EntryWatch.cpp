@@ -38,7 +38,7 @@ void EntryWatch::watch(QWidget *field, Rules rules)
 {
     if (!rules.onCommit)
         rules.onCommit = rules.onLeave;
-    m_rules.insert(field, std::move(rules));
+    m_rules.insert(field, rules);
     field->installEventFilter(this);
 }
 
