@@ -83,7 +83,7 @@ take_screenshot() {
     import -window root -trim +repage "png:$scratch/picture"
     cp "$scratch/picture" "$picture"
     [[ -n $window ]] || die "the main window did not come; what stood on the screen: $picture"
-    say "The main window as it looks: $picture"
+    printf 'The main window as it looks: %s\n' "$picture"
 
     wait_for 10 close_window || die "the program did not end when its window was closed"
     wait "$program" || die "the program ended with status $?"
