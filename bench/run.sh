@@ -1,7 +1,7 @@
 #!/bin/sh
 # Builds the benchmarks and measures everything in one go: one line for each figure, with its target.
 #   bench/run.sh [--benchmark_filter=REGEX]
-# The collections are made once, in the build folder or the one that OBELMARK_BENCH_DATA names (6 GB, on a disk).
+# The collections are made once, in the build folder or the one that OBELMARK_BENCH_DATA names (3 GB, on a disk).
 set -eu
 
 cd "$(dirname "$0")/.."
