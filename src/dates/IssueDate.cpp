@@ -35,8 +35,9 @@ Date issueDateStart(const QString &text, const QString &coinYear, const SharedSt
     if (isDate(text, shared.regional))
         return inCenturyOf(coinYear, toDate(text, shared.regional), shared);
     const auto year = yearIn(coinYear, shared.regional);
-    const auto newYear = year ? dateFromParts(shared, 1, 1, *year) : std::nullopt;
-    return newYear.value_or(Date::today());
+    // A year of two digits is read as in any date: 76 is 1976.
+    const QString newYear = year && *year >= 0 ? FormatDate(shared, 1, 1, qint16(*year)) : QString();
+    return isDate(newYear, shared.regional) ? toDate(newYear, shared.regional) : Date::today();
 }
 
 } // namespace obelmark

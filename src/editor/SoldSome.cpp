@@ -8,6 +8,7 @@
 #include "runtime/Numbers.h"
 #include "store/CoinFile.h"
 #include "store/ErrorHandling.h"
+#include <optional>
 
 namespace obelmark {
 
@@ -52,7 +53,8 @@ std::optional<qint16> askNumberSold(SharedState &shared, qint64 quantity)
 }
 
 /// The record of the coins sold: what stands in the fields, but for the number, the totals and the sale.
-void writeSoldRecord(CoinFields &fields, SharedState &shared, qint16 sold)
+/// Answers whether it was written.
+bool writeSoldRecord(CoinFields &fields, SharedState &shared, qint16 sold)
 {
     // The fields show the lot as it is stored; a saved edit would put the issue date into the century of the
     // year.
@@ -77,7 +79,7 @@ void writeSoldRecord(CoinFields &fields, SharedState &shared, qint16 sold)
     set(u"forsale", [] { return Value(false); });
     set(u"sold", [] { return Value(true); });
     set(u"SoldDate", [] { return Value(Date::today()); });
-    writeWithRetry(shared, [&] { coinRecordset(shared).update(); });
+    return writeWithRetry(shared, [&] { coinRecordset(shared).update(); });
 }
 
 /// What is left of the lot, its totals from the stored prices.
@@ -111,23 +113,35 @@ bool sellSome(CoinFields &fields, SharedState &shared)
         return false;
     const qint64 lot = coinRecordset(shared).value(u"coinid").toInt();
 
-    Transaction sale(coinDatabase(shared));
+    std::optional<Transaction> sale;
+    if (!writeWithRetry(shared, [&] { sale.emplace(coinDatabase(shared)); }))
+        return false;
+    const auto commit = [&] { return writeWithRetry(shared, [&] { sale->commit(); }); };
+    const auto findLot = [&] {
+        attempt(shared, [&] { coinRecordset(shared).findFirst(u"CoinID = %1"_s.arg(lot)); });
+    };
     if (*sold == quantity) {
         attempt(shared, [&] { coinRecordset(shared).edit(); });
         attempt(shared, [&] { coinRecordset(shared).setValue(u"forsale", false); });
         attempt(shared, [&] { coinRecordset(shared).setValue(u"sold", true); });
     } else {
-        writeSoldRecord(fields, shared, *sold);
-        attempt(shared, [&] { coinRecordset(shared).findFirst(u"CoinID = %1"_s.arg(lot)); });
+        // A lot must not be reduced for a record that is not there: without it the sale is undone.
+        const bool recorded = writeSoldRecord(fields, shared, *sold);
+        findLot();
+        if (!recorded)
+            return true;
         if (coinRecordset(shared).noMatch()) {
-            attempt(shared, [&] { sale.commit(); });
+            commit();
             shared.desktop.showMessage(u"Error entering sale"_s);
             return false;
         }
         reduceLot(shared, *sold);
     }
-    writeWithRetry(shared, [&] { coinRecordset(shared).update(); });
-    return writeWithRetry(shared, [&] { sale.commit(); });
+    if (writeWithRetry(shared, [&] { coinRecordset(shared).update(); }))
+        commit();
+    else
+        findLot(); // which drops the change
+    return true;
 }
 
 } // namespace obelmark

@@ -35,7 +35,7 @@ private slots:
         QTest::newRow("a wrong date") << us << u"soon"_s << u"876"_s << u"0876-01-01"_s;
         QTest::newRow("a rounded year") << us << QString() << u"1875.6"_s << u"1876-01-01"_s;
         QTest::newRow("beyond 16 bits") << us << QString() << u"67412"_s << QString(); // 65,536 + 1876
-        QTest::newRow("no year of a date") << us << QString() << u"76"_s << QString();
+        QTest::newRow("two digits") << us << QString() << u"76"_s << u"1976-01-01"_s;
         QTest::newRow("neither") << us << QString() << QString() << QString();
     }
     void startOfTheCalendar()

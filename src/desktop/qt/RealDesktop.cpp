@@ -55,10 +55,16 @@ void setPlainText(QMessageBox &box, const QString &text)
 
 int runBox(QMessageBox::Icon icon, const QString &text, const QString &title,
            QMessageBox::StandardButtons buttons, QMessageBox::StandardButton initial,
-           QMessageBox::StandardButton escape)
+           QMessageBox::StandardButton escape, QWidget *owner)
 {
-    QMessageBox box(icon, title, QString(), buttons, QApplication::activeWindow());
+    QMessageBox box(icon, title, QString(), buttons, owner);
     setPlainText(box, text);
+    // A short text must not cut the title off.
+    const QFontMetrics metrics(box.font());
+    const int titleWidth = metrics.horizontalAdvance(title) + 8 * metrics.averageCharWidth();
+    auto *label = box.findChild<QLabel *>(u"qt_msgbox_label"_s);
+    if (label && text.size() < title.size() * 2 && metrics.horizontalAdvance(text) < titleWidth)
+        label->setMinimumWidth(titleWidth);
     box.setDefaultButton(initial);
     box.setEscapeButton(escape);
     return box.exec();
@@ -71,19 +77,19 @@ RealDesktop::~RealDesktop() = default;
 
 void RealDesktop::showMessage(const QString &text, const QString &title, Icon icon)
 {
-    runBox(boxIcon(icon), text, title, QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok);
+    runBox(boxIcon(icon), text, title, QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok, owner());
 }
 
 Desktop::Answer RealDesktop::askYesNo(const QString &text, const QString &title)
 {
     const int button = runBox(QMessageBox::NoIcon, text, title, QMessageBox::Yes | QMessageBox::No,
-                              QMessageBox::Yes, QMessageBox::No);
+                              QMessageBox::Yes, QMessageBox::No, owner());
     return button == QMessageBox::Yes ? Answer::Yes : Answer::No;
 }
 
 std::optional<QString> RealDesktop::askText(const QString &prompt, const QString &title)
 {
-    QInputDialog box(QApplication::activeWindow());
+    QInputDialog box(owner());
     box.setWindowTitle(title);
     box.setInputMode(QInputDialog::TextInput);
     // The prompt is the buddy of the input field, so that "&" would be taken for an access key.
@@ -94,6 +100,14 @@ std::optional<QString> RealDesktop::askText(const QString &prompt, const QString
     if (box.exec() != QDialog::Accepted)
         return std::nullopt;
     return box.textValue();
+}
+
+// Just after a box has closed no window is active yet; a box that follows belongs where the first one did.
+QWidget *RealDesktop::owner()
+{
+    if (QWidget *active = QApplication::activeWindow())
+        m_owner = active;
+    return m_owner;
 }
 
 void RealDesktop::beep()

@@ -2,6 +2,8 @@
 
 #include "desktop/Desktop.h"
 
+#include <QPointer>
+#include <QWidget>
 #include <memory>
 
 namespace obelmark {
@@ -30,6 +32,10 @@ public:
 
 private:
     HelpWindow &help(const QString &helpFile);
+    /// The window that the next box belongs to.
+    QWidget *owner();
+
+    QPointer<QWidget> m_owner;
 
     /// Made when help is first asked for: opening help files is no part of the start.
     std::unique_ptr<HelpWindow> m_help;
