@@ -12,6 +12,7 @@ void addOpenBenches();
 void addMoveBenches();
 void addFindBenches();
 void addUpdateBenches();
+void addLookupBenches();
 
 /// The main window's three orders, as openCoins() numbers them, and the columns that SQL orders them by.
 struct SortOrder

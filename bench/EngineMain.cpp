@@ -9,5 +9,6 @@ int main(int argc, char *argv[])
     addMoveBenches();
     addFindBenches();
     addUpdateBenches();
+    addLookupBenches();
     return runComparisons(argc, argv);
 }
