@@ -1,6 +1,7 @@
 // The composition root: makes the shared state and the main window, nothing else.
 #include "common/SharedState.h"
 #include "desktop/qt/RealDesktop.h"
+#include "editor/ProgramWindows.h"
 #include "editor/frmMain.h"
 #include <QApplication>
 
@@ -13,7 +14,8 @@ int main(int argc, char *argv[])
 
     obelmark::RealDesktop desktop;
     obelmark::SharedState shared(desktop, obelmark::RegionalSettings::system());
-    obelmark::frmMain mainWindow(shared);
+    obelmark::ProgramWindows windows(shared);
+    obelmark::frmMain mainWindow(shared, windows);
     // Not quit(): that would ask every window whether it may close.
     QObject::connect(&mainWindow, &obelmark::frmMain::unloaded, &application, [] { QApplication::exit(); });
     mainWindow.Form_Load();

@@ -50,11 +50,18 @@ struct SharedState
     bool LockRetryAgain = false; ///< that write must be tried once more
 
     QString UseWith;            ///< the catalogue rows that Find offers
+    QString CustomUseWith;      ///< the catalogue rows that the report designer offers
     bool FindCancelled = false; ///< no search was started; a file dialog was left with Cancel
 
     qint16 OutputTarget = 1;         ///< 1 preview, 2 text file, 3 HTML
+    QString TableFormat;             ///< columns of the report last started on the preview: "2880|>1400;"
+    QString TableHeading;            ///< its column headings: "Description|Price;"
+    bool RepeatHeading = false;      ///< the headings stand on top of every page
     quint32 HeaderShade = 0x000000;  ///< colour of a report's header, 0xRRGGBB
     quint32 HeadingShade = 0xC8C8C8; ///< colour of a report's repeated heading row
+
+    qint16 ReportGroupMode = 1;  ///< the lookup table that the grouped report groups by, a code of CodesMode
+    qint32 SelectedGroupID = -1; ///< the key of the entry to report on; -1 for all
 
     QString DateOrder; ///< the order of month, day and year in the system's short date, such as "dmy"
     QString DateSep;   ///< its separator

@@ -9,6 +9,11 @@ QString GetField(const QString &text, QChar delimiter, int n)
     return n < 1 ? QString() : text.section(delimiter, n - 1, n - 1);
 }
 
+int CountFields(const QString &text, QChar delimiter)
+{
+    return text.isEmpty() ? 0 : int(text.count(delimiter)) + 1;
+}
+
 QString PadLeft(const QString &text, int width)
 {
     return text.rightJustified(width);

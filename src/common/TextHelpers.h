@@ -8,6 +8,9 @@ namespace obelmark {
 /// delimiter (the whole text when there is none). Empty when there are fewer fields.
 QString GetField(const QString &text, QChar delimiter, int n);
 
+/// The number of fields that the text splits into at the delimiter; 0 for an empty text.
+int CountFields(const QString &text, QChar delimiter);
+
 /// The text right-justified in \a width characters with leading blanks; unchanged when it is already as long.
 QString PadLeft(const QString &text, int width);
 

@@ -29,7 +29,8 @@ bool isUserInput(QEvent::Type type)
 
 } // namespace
 
-EntryWatch::EntryWatch(SharedState &shared, QWidget &window) : QObject(&window), m_shared(shared), m_window(window)
+EntryWatch::EntryWatch(SharedState &shared, QWidget &window)
+    : QObject(&window), m_shared(shared), m_window(window)
 {
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) { followFocus(now); });
 }
@@ -93,10 +94,12 @@ bool EntryWatch::eventFilter(QObject *object, QEvent *event)
     return false;
 }
 
-// A field that was left for the menu bar or another window is left for good when another field gets the focus.
+// A field that was left for the menu bar or another window is left for good when another field gets the
+// focus.
 void EntryWatch::followFocus(QWidget *now)
 {
-    const bool isField = now && m_window.isAncestorOf(now) && !qobject_cast<QMenuBar *>(now) && now->window() == &m_window;
+    const bool isField =
+        now && m_window.isAncestorOf(now) && !qobject_cast<QMenuBar *>(now) && now->window() == &m_window;
     if (isField && m_entered && now != m_entered)
         leave();
     if (isField && m_rules.contains(now))

@@ -16,9 +16,9 @@ struct SharedState;
 /// it. A refused value is told in a message box and the focus put back into its field.
 ///
 /// A window that becomes inactive, a drop-down or a menu is not leaving: the field counts as entered until
-/// another one has the focus. The check runs at once; the message box comes when the event that moved the focus
-/// is done, and until then the clicks that belong to that event are swallowed: a press on a button next to a
-/// wrong price must not act on it.
+/// another one has the focus. The check runs at once; the message box comes when the event that moved the
+/// focus is done, and until then the clicks that belong to that event are swallowed: a press on a button next
+/// to a wrong price must not act on it.
 class EntryWatch : public QObject
 {
     Q_OBJECT
@@ -42,8 +42,8 @@ public:
     void watch(QWidget *field, Rules rules);
 
     bool isRefusalPending() const { return m_pending; }
-    /// Does for the field that has been entered and not left yet what leaving it would do. Answers false, after
-    /// the message, when its value is refused.
+    /// Does for the field that has been entered and not left yet what leaving it would do. Answers false,
+    /// after the message, when its value is refused.
     bool commitEnteredField();
 
     /// Brings a field's page to the front and gives it the focus.

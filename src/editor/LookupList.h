@@ -30,8 +30,8 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
 
 private:
-    /// Does what a key means for the selection. Answers whether that is all the key does: one that empties the list
-    /// must not begin the text that the list looks entries up by.
+    /// Does what a key means for the selection. Answers whether that is all the key does: one that empties
+    /// the list must not begin the text that the list looks entries up by.
     bool takeKey(const QKeyEvent &event);
 };
 

@@ -12,10 +12,11 @@
 #include "editor/LookupList.h"
 #include "editor/LookupLists.h"
 #include "editor/MoneyFields.h"
+#include "editor/ProgramWindows.h"
 #include "editor/frmAbout.h"
+#include "forms/AccessKeys.h"
 #include "forms/EditButtons.h"
 #include "forms/HelpKey.h"
-#include "forms/AccessKeys.h"
 #include "lookups/frmCodesMaint.h"
 #include "runtime/Dates.h"
 #include "store/CoinFile.h"
@@ -75,7 +76,8 @@ bool isTabStop(const QWidget &widget)
 
 } // namespace
 
-frmMain::frmMain(SharedState &shared) : m_shared(shared), m_ui(std::make_unique<Ui::frmMain>())
+frmMain::frmMain(SharedState &shared, ProgramWindows &windows)
+    : m_shared(shared), m_windows(windows), m_ui(std::make_unique<Ui::frmMain>())
 {
     m_ui->setupUi(this);
     new AccessKeys(*this);
@@ -138,8 +140,7 @@ void frmMain::connectButtons()
     for (const auto &[button, handler] : buttons)
         connect(button, &QPushButton::clicked, this,
                 [this, click = handler] { run([&] { (this->*click)(); }); });
-    connect(m_ui->cmdPicture, &QPushButton::clicked, this,
-            [this] { sayNotAvailable(u"Picture"_s); });
+    connect(m_ui->cmdPicture, &QPushButton::clicked, this, [this] { sayNotAvailable(u"Picture"_s); });
 }
 
 void frmMain::connectMenus()

@@ -16,6 +16,7 @@ class EntryWatch;
 class MoneyFields;
 enum class Move;
 class frmAbout;
+struct ProgramWindows;
 struct SharedState;
 namespace Ui {
 class frmMain;
@@ -30,7 +31,7 @@ class frmMain : public QMainWindow
 {
     Q_OBJECT
 public:
-    explicit frmMain(SharedState &shared);
+    frmMain(SharedState &shared, ProgramWindows &windows);
     ~frmMain() override;
 
     /// Start-up: learns the date format, sets the shared state, opens the database and shows the first coin.
@@ -98,6 +99,7 @@ private:
     void fillFields(const std::function<void()> &fill);
 
     SharedState &m_shared;
+    ProgramWindows &m_windows;
     std::unique_ptr<Ui::frmMain> m_ui;
     std::unique_ptr<CoinFields> m_fields;
     std::unique_ptr<EditButtons> m_buttons;

@@ -3,6 +3,7 @@
 #include "common/SharedState.h"
 #include "dates/DateField.h"
 #include "editor/LookupList.h"
+#include "editor/ProgramWindows.h"
 #include "editor/frmMain.h"
 #include "support/GuiDriver.h"
 #include "support/ScriptedDesktop.h"
@@ -44,7 +45,8 @@ public:
     void start()
     {
         shared.emplace(desktop, RegionalSettings(m_locale));
-        window = std::make_unique<frmMain>(*shared);
+        windows.emplace(*shared);
+        window = std::make_unique<frmMain>(*shared, *windows);
         window->Form_Load();
         window->show();
         gui::activate(*window);
@@ -53,6 +55,7 @@ public:
     {
         window->close();
         window.reset();
+        windows.reset();
         shared.reset();
     }
 
@@ -112,6 +115,7 @@ public:
     TestCollection collection;
     ScriptedDesktop desktop;
     std::optional<SharedState> shared;
+    std::optional<ProgramWindows> windows;
     std::unique_ptr<frmMain> window;
 
 private:

@@ -130,7 +130,8 @@ private slots:
         e.desktop.expectMessage(notANumber);
         QTest::mouseClick(&e.button(u"cmdUpdate"), Qt::LeftButton);
         auto &price = e.edit(u"txtPricePaid");
-        QVERIFY(gui::waitUntil([&] { return price.hasFocus() && price.selectedText() == u"abc"; }, "focus back"));
+        QVERIFY(
+            gui::waitUntil([&] { return price.hasFocus() && price.selectedText() == u"abc"; }, "focus back"));
         QVERIFY(e.isEditing());
         e.typeInto(u"txtPricePaid", u"3"_s);
         e.edit(u"txtPricePaid").clearFocus();

@@ -1,6 +1,7 @@
 // Sells one coin of the lot in the current folder after the other until it is killed, and tells "sold" after
 // each.
 #include "common/SharedState.h"
+#include "editor/ProgramWindows.h"
 #include "editor/frmMain.h"
 #include "support/ScriptedDesktop.h"
 #include <QApplication>
@@ -26,7 +27,8 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     SellsOne desktop;
     SharedState shared(desktop, RegionalSettings(QLocale(u"en_US"_s)));
-    frmMain window(shared);
+    ProgramWindows windows(shared);
+    frmMain window(shared, windows);
     window.Form_Load();
     auto *sell = window.findChild<QPushButton *>(u"cmdSoldSome"_s);
     for (;;) {

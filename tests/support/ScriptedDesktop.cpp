@@ -11,9 +11,11 @@ namespace {
 QString describe(const ScriptedDesktop::Call &box)
 {
     using Kind = ScriptedDesktop::Kind;
-    const QString kind = box.kind == Kind::Message ? u"message"_s
-                         : box.kind == Kind::YesNo ? u"yes/no question"_s
-                                                   : u"input box"_s;
+    const QString kind = box.kind == Kind::Message    ? u"message"_s
+                         : box.kind == Kind::YesNo    ? u"yes/no question"_s
+                         : box.kind == Kind::SaveFile ? u"save dialog"_s
+                         : box.kind == Kind::OpenFile ? u"open dialog"_s
+                                                      : u"input box"_s;
     const QString icon = box.icon == Desktop::Icon::Exclamation ? u", exclamation icon"_s
                          : box.icon == Desktop::Icon::Critical  ? u", critical icon"_s
                                                                 : QString();
@@ -38,6 +40,17 @@ void ScriptedDesktop::answerText(const QString &prompt, const QString &title,
     m_script.append(Step{{Kind::Text, prompt, title}, Answer::No, answer});
 }
 
+void ScriptedDesktop::answerSaveFile(const QString &fileName, const QString &filter,
+                                     const std::optional<QString> &answer)
+{
+    m_script.append(Step{{Kind::SaveFile, filter, fileName}, Answer::No, answer});
+}
+
+void ScriptedDesktop::answerOpenFile(const QString &filter, const std::optional<QString> &answer)
+{
+    m_script.append(Step{{Kind::OpenFile, filter}, Answer::No, answer});
+}
+
 qsizetype ScriptedDesktop::count(Kind kind) const
 {
     return std::ranges::count(m_calls, kind, &Call::kind);
@@ -56,6 +69,8 @@ void ScriptedDesktop::reset()
     m_script.clear();
     m_calls.clear();
     m_surprises.clear();
+    m_cancelAt = 0;
+    m_progressLooks = 0;
 }
 
 ScriptedDesktop::Step ScriptedDesktop::play(const Call &box)
@@ -80,6 +95,36 @@ Desktop::Answer ScriptedDesktop::askYesNo(const QString &text, const QString &ti
 std::optional<QString> ScriptedDesktop::askText(const QString &prompt, const QString &title)
 {
     return play(Call{Kind::Text, prompt, title}).text;
+}
+
+std::optional<QString> ScriptedDesktop::askSaveFile(const QString &fileName, const QString &filter)
+{
+    return play(Call{Kind::SaveFile, filter, fileName}).text;
+}
+
+std::optional<QString> ScriptedDesktop::askOpenFile(const QString &filter)
+{
+    return play(Call{Kind::OpenFile, filter}).text;
+}
+
+namespace {
+
+class ScriptedProgress : public Progress
+{
+public:
+    ScriptedProgress(int &looks, const int &cancelAt) : m_looks(looks), m_cancelAt(cancelAt) {}
+    bool update(const QString &, qint64, qint64) override { return ++m_looks != m_cancelAt; }
+
+private:
+    int &m_looks;
+    const int &m_cancelAt;
+};
+
+} // namespace
+
+std::unique_ptr<Progress> ScriptedDesktop::showProgress(const QString &, bool)
+{
+    return std::make_unique<ScriptedProgress>(m_progressLooks, m_cancelAt);
 }
 
 void ScriptedDesktop::beep()

@@ -21,6 +21,8 @@ public:
         Message,
         YesNo,
         Text,
+        SaveFile,
+        OpenFile,
         Beep,
         EndProgram,
         HelpTopic,
@@ -34,8 +36,9 @@ public:
     struct Call
     {
         Kind kind;
-        QString text;           ///< text of the box; path of the help file; address of the web page
-        QString title = {};     ///< of a box
+        /// Text of the box; filter of a file dialog; path of the help file; address of the web page.
+        QString text;
+        QString title = {};     ///< of a box; the name that a file dialog proposes
         Icon icon = Icon::None; ///< of a message
         int topic = 0;          ///< of HelpTopic
 
@@ -47,6 +50,16 @@ public:
     void answerYesNo(const QString &text, const QString &title, Answer answer);
     /// An empty answer is the empty text confirmed with OK; no answer is Cancel.
     void answerText(const QString &prompt, const QString &title, const std::optional<QString> &answer);
+
+    /// The chosen path; no answer is Cancel.
+    void answerSaveFile(const QString &fileName, const QString &filter, const std::optional<QString> &answer);
+    void answerOpenFile(const QString &filter, const std::optional<QString> &answer);
+    /// The user presses Cancel at the n-th look (from 1) at a progress box; 0 never.
+    void cancelProgressAt(int look) { m_cancelAt = look; }
+    /// How often progress was shown to the user since the last reset.
+    int progressLooks() const { return m_progressLooks; }
+    bool hourglass() const { return m_hourglass; }
+    void setDrives(const QList<Drive> &drives) { m_drives = drives; }
 
     /// Every call, in order, whether expected or not.
     const QList<Call> &calls() const { return m_calls; }
@@ -66,6 +79,11 @@ public:
                      Icon icon = Icon::None) override;
     Answer askYesNo(const QString &text, const QString &title) override;
     std::optional<QString> askText(const QString &prompt, const QString &title) override;
+    std::optional<QString> askSaveFile(const QString &fileName, const QString &filter) override;
+    std::optional<QString> askOpenFile(const QString &filter) override;
+    void setHourglass(bool on) override { m_hourglass = on; }
+    std::unique_ptr<Progress> showProgress(const QString &title, bool cancellable) override;
+    QList<Drive> drives() override { return m_drives; }
     void beep() override;
     [[noreturn]] void endProgram() override;
     void showHelpTopic(const QString &helpFile, int topic) override;
@@ -87,6 +105,10 @@ private:
     QList<Step> m_script;
     QList<Call> m_calls;
     QStringList m_surprises;
+    QList<Drive> m_drives;
+    int m_cancelAt = 0;
+    int m_progressLooks = 0;
+    bool m_hourglass = false;
 };
 
 } // namespace obelmark

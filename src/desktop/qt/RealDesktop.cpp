@@ -1,6 +1,9 @@
 #include "desktop/qt/RealDesktop.h"
 
+#include "desktop/qt/DriveList.h"
+#include "desktop/qt/FileDialogs.h"
 #include "desktop/qt/HelpWindow.h"
+#include "desktop/qt/ProgressBox.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -8,6 +11,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <cstdio>
 #include <cstdlib>
 
@@ -53,6 +57,18 @@ void setPlainText(QMessageBox &box, const QString &text)
     }
 }
 
+/// Boxes that come while the hourglass is shown have an ordinary pointer.
+[[nodiscard]] auto withPointer()
+{
+    const bool hourglass = QApplication::overrideCursor() != nullptr;
+    if (hourglass)
+        QApplication::restoreOverrideCursor();
+    return qScopeGuard([hourglass] {
+        if (hourglass)
+            QApplication::setOverrideCursor(Qt::WaitCursor);
+    });
+}
+
 int runBox(QMessageBox::Icon icon, const QString &text, const QString &title,
            QMessageBox::StandardButtons buttons, QMessageBox::StandardButton initial,
            QMessageBox::StandardButton escape, QWidget *owner)
@@ -67,6 +83,7 @@ int runBox(QMessageBox::Icon icon, const QString &text, const QString &title,
         label->setMinimumWidth(titleWidth);
     box.setDefaultButton(initial);
     box.setEscapeButton(escape);
+    const auto pointer = withPointer();
     return box.exec();
 }
 
@@ -108,6 +125,39 @@ QWidget *RealDesktop::owner()
     if (QWidget *active = QApplication::activeWindow())
         m_owner = active;
     return m_owner;
+}
+
+std::optional<QString> RealDesktop::askSaveFile(const QString &fileName, const QString &filter)
+{
+    const auto pointer = withPointer();
+    return runSaveDialog(fileName, filter, owner());
+}
+
+std::optional<QString> RealDesktop::askOpenFile(const QString &filter)
+{
+    const auto pointer = withPointer();
+    return runOpenDialog(filter, owner());
+}
+
+void RealDesktop::setHourglass(bool on)
+{
+    if (on == m_hourglass)
+        return;
+    m_hourglass = on;
+    if (on)
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QApplication::restoreOverrideCursor();
+}
+
+std::unique_ptr<Progress> RealDesktop::showProgress(const QString &title, bool cancellable)
+{
+    return std::make_unique<ProgressBox>(title, cancellable, owner());
+}
+
+QList<Drive> RealDesktop::drives()
+{
+    return mountedDrives();
 }
 
 void RealDesktop::beep()

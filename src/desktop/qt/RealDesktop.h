@@ -22,6 +22,11 @@ public:
                      Icon icon = Icon::None) override;
     Answer askYesNo(const QString &text, const QString &title) override;
     std::optional<QString> askText(const QString &prompt, const QString &title) override;
+    std::optional<QString> askSaveFile(const QString &fileName, const QString &filter) override;
+    std::optional<QString> askOpenFile(const QString &filter) override;
+    void setHourglass(bool on) override;
+    std::unique_ptr<Progress> showProgress(const QString &title, bool cancellable) override;
+    QList<Drive> drives() override;
     void beep() override;
     [[noreturn]] void endProgram() override;
     void showHelpTopic(const QString &helpFile, int topic) override;
@@ -36,6 +41,7 @@ private:
     QWidget *owner();
 
     QPointer<QWidget> m_owner;
+    bool m_hourglass = false;
 
     /// Made when help is first asked for: opening help files is no part of the start.
     std::unique_ptr<HelpWindow> m_help;

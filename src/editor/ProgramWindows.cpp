@@ -1,0 +1,9 @@
+#include "editor/ProgramWindows.h"
+
+namespace obelmark {
+
+ProgramWindows::ProgramWindows(SharedState &) {}
+
+ProgramWindows::~ProgramWindows() = default;
+
+} // namespace obelmark
