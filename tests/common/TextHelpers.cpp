@@ -35,6 +35,9 @@ private slots:
 
     void fields()
     {
+        QCOMPARE(CountFields(QString(), u';'), 0);
+        QCOMPARE(CountFields(u"whole"_s, u';'), 1);
+        QCOMPARE(CountFields(u"a;b;;"_s, u';'), 4);
         QCOMPARE(GetField(u"a;b;;d"_s, u';', 1), u"a"_s);
         QCOMPARE(GetField(u"a;b;;d"_s, u';', 3), QString());
         QCOMPARE(GetField(u"a;b;;d"_s, u';', 4), u"d"_s);

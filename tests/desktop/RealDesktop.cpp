@@ -4,11 +4,14 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QDir>
+#include <QFileDialog>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QProcess>
+#include <QProgressDialog>
+#include <QPushButton>
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -174,6 +177,59 @@ private slots:
                                     QVERIFY(gui::press(key));
                                 }));
         QCOMPARE(given, value);
+    }
+
+    void fileDialogs_data()
+    {
+        QTest::addColumn<bool>("save");
+        QTest::addColumn<QString>("typed");
+        QTest::newRow("save over a file that exists") << true << u"exists.txt"_s;
+        QTest::newRow("save under a name without suffix") << true << u"plain"_s;
+        QTest::newRow("open a file that exists") << false << u"exists.txt"_s;
+        QTest::newRow("open one that is not there") << false << u"missing.rpt"_s;
+    }
+
+    void fileDialogs()
+    {
+        QFETCH(bool, save);
+        QFETCH(QString, typed);
+        const QTemporaryDir folder;
+        QVERIFY(QFile(folder.filePath(u"exists.txt"_s)).open(QIODevice::WriteOnly));
+
+        const QString filter = u"Text Files (*.txt)|*.txt|Pictures|*.bmp;*.dib|All Files (*.*)|*.*"_s;
+        std::optional<QString> chosen;
+        const auto ask = [&] {
+            chosen = save ? m_desktop.askSaveFile(u"Value.txt"_s, filter) : m_desktop.askOpenFile(filter);
+        };
+        QVERIFY(gui::withDialog(ask, [&](QWidget &dialog) {
+            auto *files = qobject_cast<QFileDialog *>(&dialog);
+            QVERIFY(files);
+            QCOMPARE(files->nameFilters(),
+                     (QStringList{u"Text Files (*.txt)"_s, u"Pictures (*.bmp *.dib)"_s, u"All Files (*)"_s}));
+            auto &name = gui::find<QLineEdit>(dialog, u"fileNameEdit"_s);
+            QCOMPARE(name.text(), save ? u"Value.txt"_s : QString());
+            name.setText(folder.filePath(typed));
+            QVERIFY(gui::press(Qt::Key_Return));
+            QVERIFY(!files->isVisible()); // no question came in between
+        }));
+        QCOMPARE(chosen, std::optional(folder.filePath(typed)));
+
+        QVERIFY(gui::withDialog(ask, [](QWidget &) { QVERIFY(gui::press(Qt::Key_Escape)); }));
+        QVERIFY(!chosen.has_value());
+    }
+
+    void progressCanBeCancelled()
+    {
+        const auto progress = m_desktop.showProgress(u"Report"_s, true);
+        QVERIFY(progress->update(u"1 row"_s, 1, 0));
+        QVERIFY(!QApplication::activeModalWidget()); // short work is over before anyone could read it
+        QProgressDialog *box = nullptr;
+        QTRY_VERIFY_WITH_TIMEOUT((progress->update(u"2 rows"_s, 2, 0),
+                                  box = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget())),
+                                 10000);
+        QCOMPARE(box->labelText(), u"2 rows"_s);
+        QVERIFY(gui::click(gui::find<QPushButton>(*box, QString())));
+        QVERIFY(!progress->update(u"3 rows"_s, 3, 0));
     }
 
     void endProgramAsksNoWindow()
