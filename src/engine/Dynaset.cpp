@@ -18,6 +18,13 @@ public:
     void invalidate() noexcept override;
     void requireOpen() const;
 
+    /// A number that is right as long as nothing has been written since.
+    struct Counted
+    {
+        quint64 asOf;
+        qint64 rows;
+    };
+
     enum class Place { BeforeFirst, OnRow, OnDeletedRow, BehindLast };
 
     /// Begins a move: nothing pending survives it.
@@ -27,6 +34,7 @@ public:
     void find(const QString &text, Direction direction, bool fromCurrentRow);
 
     void refresh();
+    bool isCurrent(const std::optional<Counted> &counted) const;
     const OrderedRow &requireRow();
     bool isEmpty();
     int requireColumn(QStringView field) const;
@@ -40,12 +48,6 @@ public:
         std::vector<Value> values;
         std::vector<bool> changed;
     };
-    /// A number that is right as long as nothing has been written since.
-    struct Counted
-    {
-        quint64 asOf;
-        qint64 rows;
-    };
 
     std::shared_ptr<DatabaseCore> core;
     std::shared_ptr<OrderedTable> rows; ///< nothing once closed
@@ -57,6 +59,7 @@ public:
     bool noMatch = false;
     std::optional<Counted> count;
     std::optional<Counted> emptiness;
+    std::optional<Counted> rowsBefore; ///< in front of the current row
 };
 
 Dynaset::Private::Private(std::shared_ptr<DatabaseCore> databaseCore, const QString &sql)
@@ -105,6 +108,11 @@ void Dynaset::Private::refresh()
     currentAsOf = core->changeCount();
 }
 
+bool Dynaset::Private::isCurrent(const std::optional<Counted> &counted) const
+{
+    return counted && counted->asOf == core->changeCount();
+}
+
 const OrderedRow &Dynaset::Private::requireRow()
 {
     refresh();
@@ -117,7 +125,7 @@ const OrderedRow &Dynaset::Private::requireRow()
 
 bool Dynaset::Private::isEmpty()
 {
-    if (!emptiness || emptiness->asOf != core->changeCount())
+    if (!isCurrent(emptiness))
         emptiness = {core->changeCount(), rows->isEmpty() ? 0 : 1};
     return emptiness->rows == 0;
 }
@@ -154,6 +162,11 @@ void Dynaset::Private::moveToEnd(Direction direction)
     }
     current = std::move(*row);
     place = Place::OnRow;
+    rowsBefore.reset();
+    if (direction == Direction::Forward)
+        rowsBefore = {core->changeCount(), 0};
+    else if (isCurrent(count))
+        rowsBefore = {core->changeCount(), count->rows - 1};
 }
 
 void Dynaset::Private::step(Direction direction)
@@ -164,6 +177,10 @@ void Dynaset::Private::step(Direction direction)
         throw EngineError(NoCurrentRecord);
     const bool onRow = place == Place::OnRow || place == Place::OnDeletedRow;
     auto row = onRow ? rows->next(current.position, direction) : rows->first(direction);
+    if (place == Place::OnRow && row && isCurrent(rowsBefore))
+        rowsBefore->rows += forward ? 1 : -1;
+    else
+        rowsBefore.reset();
     if (row) {
         current = std::move(*row);
         place = Place::OnRow;
@@ -188,6 +205,7 @@ void Dynaset::Private::find(const QString &text, Direction direction, bool fromC
     if (row) {
         current = std::move(*row);
         place = Place::OnRow;
+        rowsBefore.reset();
     }
 }
 
@@ -240,9 +258,20 @@ bool Dynaset::isEmpty() const
 qint64 Dynaset::recordCount() const
 {
     d->requireOpen();
-    if (!d->count || d->count->asOf != d->core->changeCount())
+    if (!d->isCurrent(d->count))
         d->count = {d->core->changeCount(), d->rows->count()};
     return d->count->rows;
+}
+
+qint64 Dynaset::position() const
+{
+    d->requireOpen();
+    d->refresh();
+    if (d->place != Private::Place::OnRow)
+        return 0;
+    if (!d->isCurrent(d->rowsBefore))
+        d->rowsBefore = {d->core->changeCount(), d->rows->countBefore(d->current.position)};
+    return d->rowsBefore->rows + 1;
 }
 
 void Dynaset::moveFirst()

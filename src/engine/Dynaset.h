@@ -34,6 +34,11 @@ public:
     Value value(QStringView field) const override;
     void close() override;
 
+    /// The place of the current row in the order, counted from 1; 0 when no row is current. Known at once
+    /// after steps from a row whose place is known; else as many entries of the index are counted as lie in
+    /// front.
+    qint64 position() const;
+
     /// Begins a new row: nulls, and the counter already assigned (never given again, even when the row is
     /// abandoned). The row current before stays current after update().
     void addNew();

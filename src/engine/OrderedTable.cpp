@@ -138,4 +138,20 @@ qint64 OrderedTable::count()
     });
 }
 
+qint64 OrderedTable::countBefore(const RowPosition &position)
+{
+    return m_core.reading({}, [&] {
+        qint64 rows = 0;
+        for (const RowOrder::Stretch &stretch : m_order.stretchesBeyond(position, Direction::Backward)) {
+            SQLite::Statement statement(m_core.connection(),
+                                        "select count(*) from " + quoted(m_table.name()) + " where " +
+                                            m_order.condition(stretch, Direction::Backward));
+            RowOrder::bindPosition(statement, position);
+            statement.executeStep();
+            rows += statement.getColumn(0).getInt64();
+        }
+        return rows;
+    });
+}
+
 } // namespace obelmark

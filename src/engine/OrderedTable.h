@@ -34,6 +34,8 @@ public:
 
     bool isEmpty();
     qint64 count();
+    /// The number of rows in front of a position; reads as many entries of the index.
+    qint64 countBefore(const RowPosition &position);
 
 private:
     /// The first row of "select ... \a tail", \a position bound to its parameters.
