@@ -1,11 +1,18 @@
 #pragma once
 
+#include <QList>
+#include <QRectF>
 #include <QRgb>
 #include <QString>
+#include <functional>
 #include <memory>
 #include <optional>
 
+class QPainter;
+
 namespace obelmark {
+
+struct PageSetup;
 
 /// The heading row that stands on top of every page, in the table grammar.
 struct RepeatedHeading
@@ -24,7 +31,22 @@ struct ReportPageSetup
     std::optional<RepeatedHeading> heading;
 };
 
-/// A paginated report.
+/// A place in the text of a report's rows: a letter of a cell of a row, all counted from 0.
+struct ReportMatch
+{
+    qsizetype row;
+    qsizetype cell;
+    qsizetype at;
+
+    auto operator<=>(const ReportMatch &) const = default;
+};
+enum class SearchDirection { Forwards, Backwards };
+
+/// A paginated report. Its pages are broken as rows are added, so that those which are full can be painted
+/// long before the last row is there; rows are laid out again whenever they are painted. A row stays on one
+/// page unless it is taller than that.
+///
+/// Pages are counted from 0. The paper is the usual one of the user's country until setPage() says otherwise.
 class ReportDocument
 {
 public:
@@ -36,8 +58,40 @@ public:
     /// Empties the document and begins a new one.
     void start(const ReportPageSetup &setup);
     /// Adds a table in the table grammar: column widths in twips, rows ended by ";", cells separated by "|".
+    /// A table that is wider than the page gets narrower columns; cells beyond its columns get columns of
+    /// their own. \throws std::length_error for more than 4,096 different formats
     void addTable(QStringView format, QStringView body);
     void end();
+
+    /// Called whenever pages are no longer what they were: at start(), end() and setPage().
+    void onChange(std::function<void()> handler);
+
+    /// 0 before the first start().
+    qsizetype pageCount() const;
+    qsizetype rowCount() const;
+    /// The first row that is on the page, wholly or in part.
+    qsizetype firstRow(qsizetype page) const;
+    const PageSetup &page() const;
+    /// Breaks the pages for another paper.
+    void setPage(const PageSetup &page);
+    /// The centre part of the page header.
+    QString title() const;
+
+    /// Paints in twips from the paper's top left corner, black on what is there.
+    void paintPage(QPainter &painter, qsizetype page) const;
+
+    /// The nearest place, behind or before \a from, where that text stands in a cell; letter case does not
+    /// matter.
+    std::optional<ReportMatch> find(const QString &text, const ReportMatch &from,
+                                    SearchDirection direction) const;
+    qsizetype pageOf(const ReportMatch &match) const;
+    /// Every place of a text on a page, in twips; one that wraps has a rectangle on each line.
+    struct MatchRect
+    {
+        ReportMatch match;
+        QRectF rect;
+    };
+    QList<MatchRect> matchRects(qsizetype page, const QString &text) const;
 
 private:
     struct Private;

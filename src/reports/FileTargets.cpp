@@ -1,0 +1,89 @@
+#include "reports/FileTargets.h"
+
+#include "common/ProductPage.h"
+#include "common/SharedState.h"
+#include "runtime/TextEncoding.h"
+#include <QFileInfo>
+
+namespace obelmark {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// So many bytes of lines are handed to the file at a time.
+constexpr qsizetype linesAtATime = 16 * 1024;
+
+ReportFileError reportFileError(const NumberedError &error)
+{
+    return ReportFileError(error.number(),
+                           u"The report could not be written.  %1"_s.arg(error.description()));
+}
+
+template<class Step>
+void writing(Step step)
+{
+    try {
+        step();
+    } catch (const NumberedError &error) {
+        throw reportFileError(error);
+    }
+}
+
+} // namespace
+
+void requireNotCollection(const QString &path, const SharedState &shared)
+{
+    const QString collection = QFileInfo(shared.DatabasePath).canonicalFilePath();
+    if (!collection.isEmpty() && QFileInfo(path).canonicalFilePath() == collection)
+        throw reportFileError(NumberedError(PermissionDenied, u"'%1' is the collection itself."_s.arg(path)));
+}
+
+FileTarget::FileTarget(const QString &path)
+{
+    writing([&] { m_file.emplace(path); });
+}
+
+void FileTarget::addTable(QStringView, QStringView) {}
+
+void FileTarget::addLine(QStringView line)
+{
+    m_lines += inFileEncoding(line);
+    m_lines += "\r\n";
+    if (m_lines.size() < linesAtATime)
+        return;
+    writing([&] { m_file->write(m_lines); });
+    m_lines.resize(0);
+}
+
+void FileTarget::FinishReportOutput()
+{
+    writing([&] {
+        m_file->write(m_lines);
+        m_file->commit();
+    });
+}
+
+void FileTarget::finishEmpty()
+{
+    FileTarget::FinishReportOutput();
+}
+
+void TextFileTarget::StartReportOutput(const ReportOpening &) {}
+
+void HtmlFileTarget::StartReportOutput(const ReportOpening &opening)
+{
+    for (const QString &line : opening.htmlLines)
+        addLine(line);
+}
+
+void HtmlFileTarget::FinishReportOutput()
+{
+    addLine(u"</table>");
+    addLine(u"<H6>List Produced by <A HREF=\"%1\">Obelmark</A></H6>"_s.arg(QString::fromUtf16(productPage)));
+    addLine(u"</body>");
+    addLine(u"</html>");
+    FileTarget::FinishReportOutput();
+}
+
+} // namespace obelmark

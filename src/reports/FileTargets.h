@@ -1,0 +1,47 @@
+#pragma once
+
+#include "reports/ReportTarget.h"
+#include "runtime/SafeFile.h"
+#include <optional>
+
+namespace obelmark {
+
+/// \throws ReportFileError when the path is that of the collection itself
+void requireNotCollection(const QString &path, const SharedState &shared);
+
+/// A report as lines in a file, which takes its place when the report is finished.
+class FileTarget : public ReportTarget
+{
+public:
+    void addTable(QStringView format, QStringView body) final;
+    void addLine(QStringView line) final;
+    void FinishReportOutput() override;
+    void finishEmpty() final;
+
+protected:
+    explicit FileTarget(const QString &path);
+
+private:
+    std::optional<SafeFile> m_file;
+    QByteArray m_lines; ///< not yet handed to the file
+};
+
+/// Nothing but the rows.
+class TextFileTarget final : public FileTarget
+{
+public:
+    explicit TextFileTarget(const QString &path) : FileTarget(path) {}
+    Kind kind() const override { return Kind::TextFile; }
+    void StartReportOutput(const ReportOpening &opening) override;
+};
+
+class HtmlFileTarget final : public FileTarget
+{
+public:
+    explicit HtmlFileTarget(const QString &path) : FileTarget(path) {}
+    Kind kind() const override { return Kind::HtmlFile; }
+    void StartReportOutput(const ReportOpening &opening) override;
+    void FinishReportOutput() override;
+};
+
+} // namespace obelmark

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "reports/ReportTarget.h"
+
+namespace obelmark {
+
+/// A report on the pages of the report output window. The mouse pointer is an hourglass while it is made.
+class PreviewTarget final : public ReportTarget
+{
+public:
+    PreviewTarget(SharedState &shared, ReportPreview &preview) : m_shared(shared), m_preview(preview) {}
+    ~PreviewTarget() override;
+
+    Kind kind() const override { return Kind::Preview; }
+    void StartReportOutput(const ReportOpening &opening) override;
+    void addTable(QStringView format, QStringView body) override;
+    void addLine(QStringView line) override;
+    void FinishReportOutput() override;
+    void finishEmpty() override;
+
+private:
+    void endDocument();
+
+    SharedState &m_shared;
+    ReportPreview &m_preview;
+    bool m_started = false;
+};
+
+} // namespace obelmark

@@ -1,0 +1,101 @@
+#include "reports/ReportDocument.h"
+
+#include "reports/PagePainter.h"
+#include "reports/ReportLayout.h"
+#include "reports/ReportSearch.h"
+
+namespace obelmark {
+
+struct ReportDocument::Private
+{
+    void changed() const
+    {
+        if (changeHandler)
+            changeHandler();
+    }
+
+    ReportLayout layout{PageSetup{usualPaper(QLocale::system())}};
+    std::function<void()> changeHandler;
+};
+
+ReportDocument::ReportDocument() : d(std::make_unique<Private>()) {}
+
+ReportDocument::~ReportDocument() = default;
+
+void ReportDocument::start(const ReportPageSetup &setup)
+{
+    d->layout.start(setup);
+    d->changed();
+}
+
+void ReportDocument::addTable(QStringView format, QStringView body)
+{
+    d->layout.addTable(format, body);
+}
+
+void ReportDocument::end()
+{
+    d->changed();
+}
+
+void ReportDocument::onChange(std::function<void()> handler)
+{
+    d->changeHandler = std::move(handler);
+}
+
+qsizetype ReportDocument::pageCount() const
+{
+    return d->layout.pageCount();
+}
+
+qsizetype ReportDocument::rowCount() const
+{
+    return d->layout.rows().size();
+}
+
+qsizetype ReportDocument::firstRow(qsizetype page) const
+{
+    return d->layout.pageStart(page).row;
+}
+
+const PageSetup &ReportDocument::page() const
+{
+    return d->layout.page();
+}
+
+void ReportDocument::setPage(const PageSetup &page)
+{
+    if (page == d->layout.page())
+        return;
+    d->layout.setPage(page);
+    d->changed();
+}
+
+QString ReportDocument::title() const
+{
+    const QStringList parts = d->layout.headerParts().split(u'|');
+    return parts.value(1).trimmed();
+}
+
+void ReportDocument::paintPage(QPainter &painter, qsizetype page) const
+{
+    obelmark::paintPage(painter, d->layout, page);
+}
+
+std::optional<ReportMatch> ReportDocument::find(const QString &text, const ReportMatch &from,
+                                                SearchDirection direction) const
+{
+    return findText(d->layout, text, from, direction);
+}
+
+qsizetype ReportDocument::pageOf(const ReportMatch &match) const
+{
+    return d->layout.pageOf(match.row, lineOf(d->layout, match));
+}
+
+QList<ReportDocument::MatchRect> ReportDocument::matchRects(qsizetype page, const QString &text) const
+{
+    return obelmark::matchRects(d->layout, page, text);
+}
+
+} // namespace obelmark

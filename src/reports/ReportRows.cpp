@@ -1,0 +1,36 @@
+#include "reports/ReportRows.h"
+
+#include "common/SharedState.h"
+#include "desktop/Desktop.h"
+#include "runtime/NumberedError.h"
+
+namespace obelmark {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 rowsBetweenLooks = 1000;
+
+}
+
+RowsRead forEachRow(SharedState &shared, const QString &sql,
+                    const std::function<void(const ForwardOnly &)> &row)
+{
+    if (!shared.CoinDatabase)
+        throw runtimeError(ObjectNotSet);
+    const std::unique_ptr<Progress> progress = shared.desktop.showProgress(u"Report"_s, true);
+    const std::unique_ptr<ForwardOnly> rows = shared.CoinDatabase->openForwardOnly(sql);
+    if (rows->eof())
+        return RowsRead::None;
+    for (qint64 done = 1; !rows->eof(); ++done, rows->moveNext()) {
+        row(*rows);
+        if (done % rowsBetweenLooks != 0)
+            continue;
+        if (!progress->update(u"%1 rows"_s.arg(shared.regional.locale().toString(done)), done, 0))
+            return RowsRead::Cancelled;
+    }
+    return RowsRead::All;
+}
+
+} // namespace obelmark

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QList>
+#include <QStringView>
+
+namespace obelmark {
+
+/// A column of a report's table.
+struct TableColumn
+{
+    double width; ///< in twips, above 0
+    bool alignRight = false;
+
+    bool operator==(const TableColumn &) const = default;
+};
+
+/// The width of a column whose own is missing or no number, and of the columns for cells beyond the last one.
+inline constexpr double defaultColumnWidth = 1440;
+/// A row may have so many cells beyond its columns; the last one then holds the rest of the row.
+inline constexpr int mostExtraCells = 8;
+
+/// The columns of "2880|1440|>1123.2;": widths in twips, ">" before one aligns its column to the right.
+QList<TableColumn> parseTableFormat(QStringView format);
+
+/// The rows of a table's body. Each ends with ";" (the last one need not); nothing stands for itself, so that
+/// a ";" in a value ends its row.
+QList<QStringView> splitRows(QStringView body);
+
+/// The cells of a row, separated by "|", at most that many: the last one takes the rest of the row as it is.
+QList<QStringView> splitCells(QStringView row, qsizetype most);
+
+} // namespace obelmark

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "reports/ReportDocument.h"
+#include <QWidget>
+#include <memory>
+
+class QActionGroup;
+
+namespace obelmark {
+
+class Desktop;
+namespace Ui {
+class PreviewView;
+}
+
+/// A report on screen with its navigation bar: turning pages, zoom, finding text, printing, saving as PDF,
+/// the way the paper lies.
+class PreviewView : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit PreviewView(QWidget *parent = nullptr);
+    ~PreviewView() override;
+
+    /// Must be called before the view is shown; the desktop must outlive it.
+    void setDesktop(Desktop &desktop) { m_desktop = &desktop; }
+
+    ReportDocument &document() { return m_document; }
+    /// The size at which a page is as large as on paper, or as much of it as fits into \a most.
+    QSize pageSizeOnScreen(const QSize &most) const;
+
+private:
+    void setUpNavigation();
+    void setUpZoom();
+    void setUpKeys();
+    void documentChanged();
+    void showState();
+    void print();
+    void save();
+
+    ReportDocument m_document;
+    std::unique_ptr<Ui::PreviewView> m_ui;
+    Desktop *m_desktop = nullptr;
+    QActionGroup *m_zooms = nullptr;
+};
+
+} // namespace obelmark

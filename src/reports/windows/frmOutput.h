@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+namespace obelmark {
+
+class Desktop;
+class ReportDocument;
+namespace Ui {
+class frmOutput;
+}
+
+/// The report output window: the preview of one report at a time. Closed, it tells so once and is of no
+/// further use.
+class frmOutput : public QWidget
+{
+    Q_OBJECT
+public:
+    /// The desktop must outlive the window.
+    explicit frmOutput(Desktop &desktop);
+    ~frmOutput() override;
+
+    ReportDocument &document();
+
+signals:
+    void unloaded();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    std::unique_ptr<Ui::frmOutput> m_ui;
+};
+
+} // namespace obelmark
