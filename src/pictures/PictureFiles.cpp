@@ -1,11 +1,61 @@
 #include "pictures/PictureFiles.h"
 
+#include "common/SharedState.h"
 #include "common/TextHelpers.h"
+#include "desktop/Desktop.h"
+#include "runtime/NumberedError.h"
+#include "runtime/SafeFile.h"
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace obelmark {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QLatin1StringView pictureSuffixes[] = {
+    "bmp"_L1, "dib"_L1, "gif"_L1, "jpg"_L1, "jpeg"_L1, "wmf"_L1,  "emf"_L1,
+    "ico"_L1, "cur"_L1, "png"_L1, "tif"_L1, "tiff"_L1, "webp"_L1,
+};
+
+QString stem(qint64 coinId)
+{
+    return u"%1"_s.arg(coinId, 8, 10, QLatin1Char('0'));
+}
+
+QStringList filesOf(const QDir &folder, qint64 coinId)
+{
+    return folder.entryList({stem(coinId) + u".*"_s}, QDir::Files | QDir::Hidden, QDir::Name);
+}
+
+bool isPictureName(const QString &file)
+{
+    const QString suffix = QFileInfo(file).suffix();
+    return std::ranges::any_of(pictureSuffixes, [&](QLatin1StringView known) {
+        return suffix.compare(known, Qt::CaseInsensitive) == 0;
+    });
+}
+
+/// On some file systems two names that differ in letter case are one file.
+bool isSameFile(const QString &first, const QString &second)
+{
+    struct stat one
+    {
+    }, other{};
+    return ::stat(QFile::encodeName(first).constData(), &one) == 0 &&
+           ::stat(QFile::encodeName(second).constData(), &other) == 0 && one.st_dev == other.st_dev &&
+           one.st_ino == other.st_ino;
+}
+
+} // namespace
 
 QString imagesFolder(const QString &appFolder)
 {
@@ -14,10 +64,66 @@ QString imagesFolder(const QString &appFolder)
 
 QString findPictureFile(const QString &appFolder, qint64 coinId)
 {
-    const QString pattern = u"%1.*"_s.arg(coinId, 8, 10, QLatin1Char('0'));
     const QDir folder(imagesFolder(appFolder));
-    const QStringList files = folder.entryList({pattern}, QDir::Files | QDir::Hidden, QDir::Name);
-    return files.isEmpty() ? QString() : folder.filePath(files.first());
+    const QStringList files = filesOf(folder, coinId);
+    if (files.isEmpty())
+        return {};
+    const QString written = stem(coinId) + u".jpg"_s;
+    return folder.filePath(files.contains(written) ? written : files.first());
+}
+
+QString writtenPictureFile(const QString &appFolder, qint64 coinId)
+{
+    return u"%1%2.jpg"_s.arg(imagesFolder(appFolder), stem(coinId));
+}
+
+void deleteReplacedPictures(const QString &appFolder, qint64 coinId)
+{
+    const QDir folder(imagesFolder(appFolder));
+    const QString written = writtenPictureFile(appFolder, coinId);
+    for (const QString &name : filesOf(folder, coinId)) {
+        const QString file = folder.filePath(name);
+        if (isPictureName(name) && !isSameFile(file, written))
+            QFile::remove(file);
+    }
+}
+
+void setAsideStrayPictures(const SharedState &shared, qint64 newCoinId)
+{
+    const QDir folder(imagesFolder(shared.AppFolder));
+    const QStringList strays = filesOf(folder, newCoinId);
+    for (const QString &name : strays) {
+        QString aside = folder.filePath(u"unclaimed-"_s + name);
+        for (int copy = 2; QFileInfo::exists(aside); ++copy)
+            aside = folder.filePath(u"unclaimed-%1-%2"_s.arg(QString::number(copy), name));
+        const QString stray = folder.filePath(name);
+        if (!QFile::rename(stray, aside))
+            shared.desktop.showMessage(
+                u"The picture file '%1' belongs to no coin and could not be set aside."_s.arg(stray));
+    }
+    if (!strays.isEmpty())
+        flushToDisk(folder.path());
+}
+
+void putInPlace(const QString &finished, const QString &target)
+{
+    const QByteArray from = QFile::encodeName(finished), to = QFile::encodeName(target);
+    struct stat replaced
+    {
+    };
+    if (::stat(to.constData(), &replaced) == 0) {
+        // What a file system does not know, or only root may do, does not stop the picture.
+        if (::chown(from.constData(), replaced.st_uid, replaced.st_gid) != 0)
+            errno = 0;
+        if (::chmod(from.constData(), replaced.st_mode & 07777) != 0)
+            errno = 0;
+        const timespec times[] = {replaced.st_atim, replaced.st_mtim};
+        if (::utimensat(AT_FDCWD, from.constData(), times, 0) != 0)
+            errno = 0;
+    }
+    if (std::rename(from.constData(), to.constData()) != 0)
+        throw NumberedError(PathFileAccess, u"%1: '%2'"_s.arg(qt_error_string(errno), target));
+    flushToDisk(QFileInfo(target).path());
 }
 
 } // namespace obelmark

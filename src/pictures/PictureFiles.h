@@ -4,11 +4,29 @@
 
 namespace obelmark {
 
+struct SharedState;
+
 /// The folder that holds the coins' pictures, with a trailing "/".
 QString imagesFolder(const QString &appFolder);
 
 /// The path of a coin's picture: a file in the images folder named by the coin's key in eight digits, with
-/// any extension. Empty when the coin has none.
+/// any extension. Empty when the coin has none. Of several the one that this program has written (".jpg")
+/// comes first.
 QString findPictureFile(const QString &appFolder, qint64 coinId);
+
+/// Where a new picture of the coin is written.
+QString writtenPictureFile(const QString &appFolder, qint64 coinId);
+
+/// Deletes the pictures of other extensions that a newly written one replaces. Files that are no pictures
+/// stay.
+void deleteReplacedPictures(const QString &appFolder, qint64 coinId);
+
+/// Renames the files that already lie there under the key of a coin that is new: they are not this coin's.
+/// What cannot be renamed is told to the user.
+void setAsideStrayPictures(const SharedState &shared, qint64 newCoinId);
+
+/// Puts a finished file in the place of another, which hands on its access and modification times and its
+/// mode, before the change: nobody ever sees the new file without them. \throws NumberedError
+void putInPlace(const QString &finished, const QString &target);
 
 } // namespace obelmark

@@ -1,4 +1,6 @@
 #include "pictures/PictureFiles.h"
+#include "common/SharedState.h"
+#include "support/ScriptedDesktop.h"
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -22,6 +24,24 @@ private slots:
         QCOMPARE(findPictureFile(folder, 7), folder + u"Images/00000007.BMP"_s);
         QCOMPARE(findPictureFile(folder, 1), QString());
         QCOMPARE(findPictureFile(folder, 120), QString()); // no extension, no picture
+    }
+
+    void strays()
+    {
+        QTemporaryDir dir;
+        ScriptedDesktop desktop;
+        SharedState shared(desktop, RegionalSettings(QLocale(u"en_US"_s)));
+        shared.AppFolder = dir.path() + u'/';
+        QDir(shared.AppFolder).mkdir(u"images"_s);
+        const QDir images(shared.AppFolder + u"images"_s);
+        for (const auto *name :
+             {u"00000012.jpg", u"00000012.bmp", u"unclaimed-00000012.jpg", u"00000001.jpg"})
+            QVERIFY(QFile(images.filePath(QString::fromUtf16(name))).open(QIODevice::WriteOnly));
+        setAsideStrayPictures(shared, 12);
+        QCOMPARE(images.entryList(QDir::Files, QDir::Name),
+                 QStringList({u"00000001.jpg"_s, u"unclaimed-00000012.bmp"_s, u"unclaimed-00000012.jpg"_s,
+                              u"unclaimed-2-00000012.jpg"_s}));
+        QCOMPARE(desktop.problems(), QStringList());
     }
 };
 
