@@ -26,6 +26,27 @@ public:
     std::optional<SQLite::Statement> source; ///< on the current row; nothing at the end
 };
 
+namespace {
+
+/// A query that has to sort does so before its first row. What does not fit into the page cache goes to
+/// temporary files meanwhile: the rows of a large collection would fill the memory.
+class SortingInFiles
+{
+public:
+    explicit SortingInFiles(SQLite::Database &connection) : m_connection(connection)
+    {
+        m_connection.tryExec("pragma temp_store = file");
+    }
+    ~SortingInFiles() { m_connection.tryExec("pragma temp_store = memory"); }
+    SortingInFiles(const SortingInFiles &) = delete;
+    SortingInFiles &operator=(const SortingInFiles &) = delete;
+
+private:
+    SQLite::Database &m_connection;
+};
+
+} // namespace
+
 ForwardOnly::Private::Private(std::shared_ptr<DatabaseCore> databaseCore, const QString &query)
     : core(std::move(databaseCore)), sql(query)
 {
@@ -34,7 +55,10 @@ ForwardOnly::Private::Private(std::shared_ptr<DatabaseCore> databaseCore, const 
         source.emplace(core->connection(), translateSelect(sql, core->schema()).sql);
         columns = resultColumns(*source, {});
     });
-    step();
+    {
+        const SortingInFiles files(core->connection());
+        step();
+    }
     core->add(*this);
 }
 
@@ -92,10 +116,22 @@ void ForwardOnly::moveNext()
 Value ForwardOnly::value(QStringView field) const
 {
     d->requireCurrent();
+    return value(position(field));
+}
+
+int ForwardOnly::position(QStringView field) const
+{
+    d->requireOpen();
     const int column = d->columns->find(field);
     if (column < 0)
         throw EngineError(UnknownColumn, field.toString());
-    return toValue(cellAt(*d->source, column), d->columns->column(column).type);
+    return column;
+}
+
+Value ForwardOnly::value(int position) const
+{
+    d->requireCurrent();
+    return toValue(cellAt(*d->source, position), d->columns->column(position).type);
 }
 
 void ForwardOnly::close()

@@ -48,6 +48,10 @@ public:
     void moveNext();
     /// \throws NoCurrentRecord, UnknownColumn
     Value value(QStringView field) const;
+    /// The position of a field in the query, by which it is read faster. \throws UnknownColumn
+    int position(QStringView field) const;
+    /// \throws NoCurrentRecord
+    Value value(int position) const;
     void close();
 
 private:

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "engine/FileProgress.h"
+#include <QString>
+
+namespace obelmark {
+
+/// Copies the coin database, which must be closed, into a folder as "coin.mdb". An earlier backup there is
+/// replaced once the new one is complete, flushed to the medium and compared with the original; when anything
+/// fails it stays, and nothing is left of the new one.
+/// \throws PathNotFound, PathFileAccess (also for the folder of the collection itself), DiskFull, FileInUse
+///         and others; FileWorkStopped
+void backUpDatabase(const QString &databasePath, const QString &folder, const FileProgress &progress);
+
+} // namespace obelmark

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "engine/FileProgress.h"
+#include <QString>
+
+namespace obelmark {
+
+class Desktop;
+
+/// Shows the user how far the work is for as long as it lives; Cancel stops the work.
+FileProgress shownProgress(Desktop &desktop, const QString &title, bool cancellable = true);
+
+} // namespace obelmark

@@ -1,0 +1,69 @@
+#include "backup/window/frmBackup.h"
+
+#include "backup/Backup.h"
+#include "backup/ShownProgress.h"
+#include "common/SharedState.h"
+#include "desktop/Desktop.h"
+#include "forms/HelpKey.h"
+#include "runtime/NumberedError.h"
+#include "ui_frmBackup.h"
+#include <algorithm>
+
+namespace obelmark {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString textOf(const Drive &drive, const QLocale &locale)
+{
+    const QString name = drive.name.isEmpty() ? drive.root : u"%1 (%2)"_s.arg(drive.name, drive.root);
+    return u"%1, %2 free"_s.arg(name, locale.formattedDataSize(drive.freeBytes, 1));
+}
+
+} // namespace
+
+frmBackup::frmBackup(SharedState &shared) : m_shared(shared), m_ui(std::make_unique<Ui::frmBackup>())
+{
+    m_ui->setupUi(this);
+    new HelpKey(*this, shared.desktop, shared.HelpFilePath);
+    connect(m_ui->cmdOk, &QPushButton::clicked, this, &frmBackup::cmdOk_Click);
+    connect(m_ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    Form_Load();
+}
+
+frmBackup::~frmBackup() = default;
+
+void frmBackup::Form_Load()
+{
+    const QList<Drive> drives = m_shared.desktop.drives();
+    for (const Drive &drive : drives)
+        m_ui->Drive1->addItem(textOf(drive, m_shared.regional.locale()), drive.root);
+    const auto removable = std::ranges::find_if(drives, &Drive::removable);
+    m_ui->Drive1->setCurrentIndex(removable == drives.end() ? 0 : int(removable - drives.begin()));
+}
+
+void frmBackup::cmdOk_Click()
+{
+    m_shared.desktop.setHourglass(true);
+    try {
+        copyToDrive();
+    } catch (const FileWorkStopped &) {
+    } catch (const NumberedError &) {
+        m_shared.desktop.showMessage(
+            u"Backup could not be Performed.  Make sure a formatted disk with sufficient free space is in "
+            "the selected drive."_s);
+    }
+    accept();
+    m_shared.desktop.setHourglass(false);
+}
+
+void frmBackup::copyToDrive()
+{
+    const QString root = m_ui->Drive1->currentData().toString();
+    if (root.isEmpty())
+        throw runtimeError(PathNotFound);
+    backUpDatabase(m_shared.DatabasePath, root, shownProgress(m_shared.desktop, windowTitle()));
+}
+
+} // namespace obelmark

@@ -1,0 +1,202 @@
+#include "engine/VerifiedCopy.h"
+
+#include "engine/EngineError.h"
+#include "engine/ErrorMapping.h"
+#include "engine/JournalFiles.h"
+#include "engine/LockedFile.h"
+#include "runtime/SafeFile.h"
+#include <QFile>
+#include <QFileInfo>
+#include <QScopeGuard>
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <cerrno>
+#include <exception>
+#include <fcntl.h>
+#include <sqlite3.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace obelmark {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 pieceSize = 1024 * 1024;
+
+/// Instructions of SQLite's between two looks: a few milliseconds.
+constexpr int instructionsBetweenLooks = 20'000;
+
+/// Pages kept in memory while a file is checked, in KiB: every row is looked up in every index.
+constexpr char checkingCache[] = "pragma cache_size = -65536";
+
+void tell(const FileProgress &progress, FileStage stage, qint64 done, qint64 total)
+{
+    if (!progress(stage, done, total))
+        throw FileWorkStopped();
+}
+
+/// Takes looks at what is going on while SQLite works. What they raise ends the work and comes out of it.
+class WatchedWork
+{
+public:
+    WatchedWork(SQLite::Database &connection, std::function<void()> look)
+        : m_connection(connection), m_look(std::move(look))
+    {
+        sqlite3_progress_handler(m_connection.getHandle(), instructionsBetweenLooks, takeLook, this);
+    }
+    ~WatchedWork() { sqlite3_progress_handler(m_connection.getHandle(), 0, nullptr, nullptr); }
+    Q_DISABLE_COPY_MOVE(WatchedWork)
+
+    template<class Work>
+    auto run(Work &&work)
+    {
+        try {
+            return work();
+        } catch (const SQLite::Exception &) {
+            if (m_raised)
+                std::rethrow_exception(m_raised);
+            throw;
+        }
+    }
+
+private:
+    static int takeLook(void *self) noexcept
+    {
+        auto &work = *static_cast<WatchedWork *>(self);
+        try {
+            work.m_look();
+            return 0;
+        } catch (...) {
+            work.m_raised = std::current_exception();
+            return 1;
+        }
+    }
+
+    SQLite::Database &m_connection;
+    std::function<void()> m_look;
+    std::exception_ptr m_raised;
+};
+
+[[noreturn]] void raiseFileError(const QFile &file)
+{
+    throw EngineError(int(PathFileAccess), u"%1: %2"_s.arg(file.fileName(), file.errorString()));
+}
+
+[[noreturn]] void raiseNotWhole(const QString &path)
+{
+    throw EngineError(int(PathFileAccess), u"The copy '%1' is not like the original"_s.arg(path));
+}
+
+/// Some file systems know neither owner nor mode, and only root may give a file away: the contents count.
+void takeOverPermissions(const QString &original, const QString &newPath)
+{
+    struct stat status;
+    const QByteArray name = QFile::encodeName(newPath);
+    if (::stat(QFile::encodeName(original).constData(), &status) != 0 ||
+        ::chown(name.constData(), status.st_uid, status.st_gid) != 0 ||
+        ::chmod(name.constData(), status.st_mode & 07777) != 0)
+        errno = 0;
+}
+
+void copyBytes(LockedFile &original, const QString &newPath, const FileProgress &progress)
+{
+    QFile copy(newPath);
+    if (!copy.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
+        raiseFileError(copy);
+    const qint64 size = original.size();
+    QByteArray piece(pieceSize, Qt::Uninitialized);
+    for (qint64 done = 0; done < size; done += piece.size()) {
+        tell(progress, FileStage::Copying, done, size);
+        piece.resize(std::min(pieceSize, size - done));
+        original.read(done, {piece.data(), size_t(piece.size())});
+        if (copy.write(piece) != piece.size())
+            raiseFileError(copy);
+    }
+    copy.close();
+    if (copy.error() != QFile::NoError)
+        raiseFileError(copy);
+}
+
+/// Reads the copy back, from its medium where the system lets go of what it keeps in memory.
+void compareBytes(LockedFile &original, const QString &newPath, const FileProgress &progress)
+{
+    QFile copy(newPath);
+    if (!copy.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        raiseFileError(copy);
+    ::posix_fadvise(copy.handle(), 0, 0, POSIX_FADV_DONTNEED);
+    const qint64 size = original.size();
+    if (copy.size() != size)
+        raiseNotWhole(newPath);
+    QByteArray piece(pieceSize, Qt::Uninitialized), copied(pieceSize, Qt::Uninitialized);
+    for (qint64 done = 0; done < size; done += piece.size()) {
+        tell(progress, FileStage::Checking, done, size);
+        piece.resize(std::min(pieceSize, size - done));
+        copied.resize(piece.size());
+        original.read(done, {piece.data(), size_t(piece.size())});
+        if (copy.read(copied.data(), copied.size()) != copied.size())
+            raiseFileError(copy);
+        if (copied != piece)
+            raiseNotWhole(newPath);
+    }
+}
+
+void makeVerified(LockedFile &original, const QString &newPath, const FileProgress &progress,
+                  const std::function<void()> &make)
+{
+    const auto remove = [&] {
+        QFile::remove(newPath);
+        removeJournals(newPath);
+    };
+    remove();
+    auto cleanUp = qScopeGuard(remove);
+    withSqlErrors({SqlActivity::Kind::Writing, newPath, {}}, [&] {
+        make();
+        if (!isWholeCopy(original, newPath, progress))
+            raiseNotWhole(newPath);
+    });
+    removeJournals(newPath);
+    cleanUp.dismiss();
+}
+
+} // namespace
+
+void copyVerified(LockedFile &original, const QString &newPath, const FileProgress &progress)
+{
+    makeVerified(original, newPath, progress, [&] {
+        copyBytes(original, newPath, progress);
+        takeOverPermissions(original.path(), newPath);
+        flushToDisk(newPath);
+        compareBytes(original, newPath, progress);
+    });
+}
+
+void compactVerified(LockedFile &original, const QString &newPath, const FileProgress &progress)
+{
+    makeVerified(original, newPath, progress, [&] {
+        const qint64 size = original.size();
+        const auto look = [&] {
+            tell(progress, FileStage::Compacting, std::min(QFileInfo(newPath).size(), size), size);
+        };
+        SQLite::Statement vacuum(original.connection(), "vacuum into ?1");
+        vacuum.bind(1, newPath.toStdString());
+        WatchedWork(original.connection(), look).run([&] { vacuum.exec(); });
+        takeOverPermissions(original.path(), newPath);
+        flushToDisk(newPath);
+    });
+}
+
+bool isWholeCopy(LockedFile &original, const QString &path, const FileProgress &progress)
+{
+    return withSqlErrors({SqlActivity::Kind::Opening, path, {}}, [&] {
+        SQLite::Database copy(path.toStdString(), SQLite::OPEN_READONLY | SQLite::OPEN_NOMUTEX);
+        copy.exec(checkingCache);
+        WatchedWork work(copy, [&] { tell(progress, FileStage::Checking, 0, 0); });
+        return work.run([&] {
+            return copy.execAndGet("pragma integrity_check(1)").getString() == "ok" &&
+                   rowCounts(copy) == rowCounts(original.connection());
+        });
+    });
+}
+
+} // namespace obelmark
