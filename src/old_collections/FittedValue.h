@@ -1,0 +1,13 @@
+#pragma once
+
+#include "engine/ColumnType.h"
+#include "runtime/Value.h"
+#include <optional>
+
+namespace obelmark {
+
+/// The value as a column of that kind holds it. An older version of the program may have declared the column
+/// otherwise. Nothing when the column cannot hold it.
+std::optional<Value> fitted(const Value &value, const ColumnType &type);
+
+} // namespace obelmark

@@ -1,0 +1,20 @@
+#include "old_collections/OldFile.h"
+
+#include <QFile>
+
+namespace obelmark {
+
+bool isOldFile(const QString &path)
+{
+    static constexpr qint64 signatureAt = 4;
+    static constexpr const char *signatures[] = {"Standard Jet DB", "Standard ACE DB"};
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray start = file.read(signatureAt + 16);
+    return std::any_of(std::begin(signatures), std::end(signatures), [&](const char *signature) {
+        return QByteArrayView(start).sliced(qMin(signatureAt, start.size())).startsWith(signature);
+    });
+}
+
+} // namespace obelmark

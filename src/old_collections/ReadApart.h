@@ -1,0 +1,12 @@
+#pragma once
+
+#include "old_collections/OldFile.h"
+
+namespace obelmark {
+
+/// As readOldFile(), but the file is read in a process of its own, bounded in time and memory: whatever a
+/// damaged file does to the library, the program goes on. Answers whether the file was read to its end; if
+/// not, the visitor has been told what came before. \throws OldFileError
+bool readOldFileApart(const QString &path, const QString &wanted, OldFileVisitor &visitor);
+
+} // namespace obelmark

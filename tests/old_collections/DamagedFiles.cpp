@@ -1,0 +1,169 @@
+#include "OldCollectionFixture.h"
+#include "support/UnsyncedVfs.h"
+#include <QTest>
+#include <random>
+
+using namespace obelmark;
+
+namespace {
+
+/// What disks, copying and other programs do to files.
+QByteArray damaged(QByteArray bytes, std::mt19937 &chance)
+{
+    const auto upTo = [&](qsizetype most) { return qsizetype(chance() % unsigned(most)); };
+    const qsizetype page = (1 + upTo(bytes.size() / oldPageSize - 1)) * oldPageSize;
+    switch (chance() % 5) {
+    case 0: // single bytes anywhere
+        for (qsizetype i = upTo(40); i >= 0; --i)
+            bytes[upTo(bytes.size())] = char(chance());
+        break;
+    case 1: // in the head of a page, where everything else hangs
+        for (qsizetype i = upTo(8); i >= 0; --i)
+            bytes[page + upTo(64)] = char(chance());
+        break;
+    case 2: // a page of garbage
+        for (qsizetype i = 0; i < oldPageSize; ++i)
+            bytes[page + i] = char(chance());
+        break;
+    case 3: // a page of another place
+        bytes.replace(page, oldPageSize,
+                      bytes.sliced(upTo(bytes.size() / oldPageSize) * oldPageSize, oldPageSize));
+        break;
+    default: // cut off
+        bytes.truncate(oldPageSize + upTo(bytes.size() - oldPageSize));
+    }
+    return bytes;
+}
+
+} // namespace
+
+class DamagedFiles : public QObject
+{
+    Q_OBJECT
+private slots:
+    void refused_data();
+    void refused();
+    void partlyReadable();
+    void anyDamage();
+    void noRoom_data();
+    void noRoom();
+};
+
+void DamagedFiles::refused_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("reason");
+    const QByteArray whole = OldCollectionFixture::original();
+
+    QByteArray withPassword = whole;
+    withPassword[0x42] = char(withPassword[0x42] ^ 'a');
+    QTest::newRow("password")
+        << withPassword
+        << u"It is protected by a password.  Remove the password with the program that has set "
+           "it, then try again."_s;
+    QTest::newRow("one page left") << whole.first(oldPageSize)
+                                   << u"It is damaged: its list of tables cannot be read."_s;
+    QTest::newRow("nothing but the head") << whole.first(100) << u"It cannot be opened or is damaged."_s;
+    QTest::newRow("other tables") << QByteArray(whole).replace("C\0o\0i\0n\0"_ba, "C\0a\0r\0d\0"_ba)
+                                  << u"It has no table 'Coin'."_s;
+}
+
+void DamagedFiles::refused()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, reason);
+    OldCollectionFixture f;
+    f.write(u"coin.mdb"_s, bytes);
+    f.agree();
+    f.desktop.expectMessage(u"'coin.mdb' could not be taken over and is as it was.\n\n"_s + reason,
+                            u"Older Version"_s);
+    QVERIFY(!f.takeOver());
+    QCOMPARE(f.desktop.problems(), QStringList());
+    QCOMPARE(f.files(), QStringList{u"coin.mdb"_s});
+    QCOMPARE(f.read(u"coin.mdb"_s), bytes);
+}
+
+/// The user learns what is missing before anything is changed, and decides.
+void DamagedFiles::partlyReadable()
+{
+    OldCollectionFixture f;
+    QByteArray bytes = f.original();
+    const qsizetype page = pageOf(bytes, u"Circulating");
+    putNumber<quint16>(bytes, page + 14, 0x1fff); // the place of the first row
+    f.write(u"coin.mdb"_s, bytes);
+    f.agree();
+    f.desktop.answerYesNo(
+        u"'coin.mdb' is damaged: not everything in it can be read.\n\nRecords in each table:\nCoin: 409\n"
+        "boughtfrom: 4\ncategory: 4 of 6, 2 unreadable records\ncondition: 8\ncountry: 9\nformat: 5\nmint: "
+        "7\n"
+        "type: 4\n\nDo you wish to take over what can be read?  The old file is kept either way."_s,
+        u"Older Version"_s, Desktop::Answer::No);
+    QVERIFY(!f.takeOver());
+    QCOMPARE(f.desktop.problems(), QStringList());
+    QCOMPARE(f.files(), QStringList{u"coin.mdb"_s});
+    QCOMPARE(f.read(u"coin.mdb"_s), bytes);
+}
+
+void DamagedFiles::anyDamage()
+{
+    constexpr int files = 200;
+    int takenOver = 0;
+    for (unsigned seed = 1; seed <= files; ++seed) {
+        std::mt19937 chance(seed);
+        const QByteArray bytes = damaged(OldCollectionFixture::original(), chance);
+        OldCollectionFixture f;
+        f.write(u"coin.mdb"_s, bytes);
+        Agreeing user;
+        const bool done = f.takeOver(user);
+        const QByteArray which = "seed " + QByteArray::number(seed);
+        QCOMPARE(user.messages.size(), bytes.startsWith(f.original().first(20)) ? 1 : 0);
+        if (user.messages.isEmpty())
+            continue;
+        QVERIFY2(user.messages[0].contains(done ? u"has been taken over"_s : u"could not be taken over"_s),
+                 which.constData());
+        QVERIFY2(f.read(done ? u"coin-old.mdb"_s : u"coin.mdb"_s) == bytes, which.constData());
+        QVERIFY2(f.files().size() == (done ? 2 : 1), which.constData());
+        if (done) {
+            ++takenOver;
+            QVERIFY2(f.query(u"select count(*) > 0 from Coin"_s) == QStringList{u"1"_s}, which.constData());
+        }
+    }
+    QVERIFY2(takenOver > files / 2, qPrintable(QString::number(takenOver))); // most have lost only a part
+}
+
+void DamagedFiles::noRoom_data()
+{
+    QTest::addColumn<std::optional<qint64>>("freeSpace"); // none: no permission
+    QTest::newRow("no permission") << std::optional<qint64>();
+    QTest::newRow("full at once") << std::optional<qint64>(0);
+    QTest::newRow("full later") << std::optional<qint64>(200'000);
+}
+
+void DamagedFiles::noRoom()
+{
+    QFETCH(std::optional<qint64>, freeSpace);
+    OldCollectionFixture f;
+    Agreeing user;
+    bool done = true;
+    if (freeSpace) {
+        UnsyncedVfs disk;
+        disk.setFreeSpace(freeSpace);
+        done = f.takeOver(user);
+        disk.setFreeSpace({});
+    } else {
+        // Root may write everywhere, but not over a folder.
+        QVERIFY(QDir(f.path({})).mkpath(u"coin-taking-over.mdb/x"_s));
+        done = f.takeOver(user);
+    }
+    QVERIFY(!done);
+    QCOMPARE(user.messages.size(), 1);
+    QVERIFY2(user.messages[0].startsWith(u"'coin.mdb' could not be taken over and is as it was.\n\n"_s),
+             qPrintable(user.messages[0]));
+    if (freeSpace)
+        QVERIFY2(user.messages[0].contains(u"Disk full"_s), qPrintable(user.messages[0]));
+    QCOMPARE(f.read(u"coin.mdb"_s), f.original());
+    QCOMPARE(f.files().size(), freeSpace ? 1 : 2);
+}
+
+QTEST_GUILESS_MAIN(DamagedFiles)
+#include "DamagedFiles.moc"
