@@ -57,7 +57,12 @@ public:
     bool knows(const QString &usewith) const;
 
 private:
-    QList<CatalogueField> m_fields;
+    template<class Test>
+    QList<CatalogueField> select(const QString &usewith, Test belongs) const;
+    void check(const QList<CatalogueField> &fields) const;
+
+    QString m_path;                 ///< for messages
+    QList<CatalogueField> m_fields; ///< in the order of their captions
 };
 
 } // namespace obelmark

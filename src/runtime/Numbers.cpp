@@ -3,6 +3,7 @@
 #include "runtime/Decimal.h"
 #include "runtime/NumberedError.h"
 #include "runtime/RegionalSettings.h"
+#include "runtime/Value.h"
 
 #include <limits>
 
@@ -54,6 +55,11 @@ QString plainNumber(qint64 number, const RegionalSettings &)
 QString plainNumber(double number, const RegionalSettings &regional)
 {
     return Decimal::fromDouble(number).toText(regional.decimalPoint());
+}
+
+QString plainNumber(Money amount, const RegionalSettings &regional)
+{
+    return Value(amount).toText().replace(u'.', regional.decimalPoint());
 }
 
 } // namespace obelmark

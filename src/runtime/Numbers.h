@@ -1,5 +1,6 @@
 #pragma once
 
+#include "runtime/Money.h"
 #include <QString>
 
 namespace obelmark {
@@ -25,5 +26,6 @@ QString plainNumber(qint64 number, const RegionalSettings &regional);
 /// Of 15 significant digits. In exponent form ("1E+15") only from 1E+15 upwards and below 1E-15.
 /// \throws Overflow when it is not finite
 QString plainNumber(double number, const RegionalSettings &regional);
+QString plainNumber(Money amount, const RegionalSettings &regional);
 
 } // namespace obelmark

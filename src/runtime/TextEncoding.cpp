@@ -6,9 +6,14 @@ namespace obelmark {
 
 using namespace Qt::StringLiterals;
 
+QByteArray inFileEncoding(QStringView text)
+{
+    return text.toUtf8();
+}
+
 QByteArray toFileText(const QString &text)
 {
-    return withCrLf(text).toUtf8();
+    return inFileEncoding(withCrLf(text));
 }
 
 QString fromFileText(const QByteArray &bytes)

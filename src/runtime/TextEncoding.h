@@ -5,7 +5,9 @@
 
 namespace obelmark {
 
-/// The bytes of a text file: the system's text encoding (UTF-8 here), every line break as CR LF.
+/// The text in the system's text encoding (UTF-8 here), otherwise as it is.
+QByteArray inFileEncoding(QStringView text);
+/// The bytes of a text file: inFileEncoding(), every line break as CR LF.
 QByteArray toFileText(const QString &text);
 /// Reads toFileText(), every line break as LF. Bytes that are no UTF-8 come from a file of an older system
 /// and are read as Latin-1; a byte order mark is dropped.

@@ -1,0 +1,259 @@
+#include "custom_reports/ReportGenerator.h"
+
+#include "common/SharedState.h"
+#include "custom_reports/ReportCells.h"
+#include "custom_reports/ReportDefinition.h"
+#include "custom_reports/ReportNumbers.h"
+#include "custom_reports/ReportQuery.h"
+#include "desktop/Desktop.h"
+#include "engine/EngineError.h"
+#include "engine/Snapshot.h"
+#include "reports/ReportRows.h"
+#include "reports/ReportTarget.h"
+#include "runtime/Formats.h"
+#include <QScopeGuard>
+#include <algorithm>
+#include <limits>
+#include <utility>
+#include <vector>
+
+namespace obelmark {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Kind = ReportTarget::Kind;
+
+constexpr float twipsPerInch = 1440;
+/// Exact would be 566.9; the widths of the reports that collectors have saved are meant for this one.
+constexpr float twipsPerCentimetre = 561.6F;
+constexpr int pageNumberAtBottom = 0;
+constexpr int pageNumberInHeader = 1;
+
+/// How the cells of a row are put together for a target.
+struct RowForm
+{
+    QStringView rowBegin;
+    QStringView rowEnd;
+    QStringView cellBegin;
+    QStringView numberBegin;
+    QStringView cellEnd;
+    QStringView noTotal; ///< in a totals row, the cell of a column without a total
+    int dropped;         ///< so many characters behind the last cell do not belong to the row
+};
+
+constexpr RowForm previewForm{u"", u";", u"", u"", u"|", u"|", 1};
+constexpr RowForm textForm{u"", u"", u"", u"", u"\t", u"\t", 1};
+constexpr RowForm htmlForm{u"<tr>", u"</tr>", u"<td>", u"<td align=right>", u"</td>", u"<TD>&nbsp;</TD>", 0};
+
+const RowForm &formFor(Kind kind)
+{
+    return kind == Kind::Preview ? previewForm : kind == Kind::TextFile ? textForm : htmlForm;
+}
+
+/// Whether the error says that the query is at fault, and not the database.
+bool isRejection(const EngineError &error)
+{
+    return error.number() == UnknownColumn || error.number() == SyntaxError ||
+           error.number() == UnknownTable || error.number() == AmbiguousColumn;
+}
+
+class Generation
+{
+public:
+    Generation(const ReportDefinition &report, SharedState &shared, ReportTarget &target)
+        : m_report(report), m_shared(shared), m_target(target), m_form(formFor(target.kind()))
+    {
+        for (const CatalogueField *field : report.printedFields()) {
+            const FieldOptions &options = report.optionsOf(*field);
+            m_columns.push_back({field, options.CurrencyField, options.ShowTotal, {}});
+        }
+    }
+
+    void run()
+    {
+        RowsRead result{};
+        try {
+            result = readRows(ColumnNames::Plain);
+        } catch (const EngineError &error) {
+            if (error.number() != AmbiguousColumn)
+                throw;
+            result = readRows(ColumnNames::WithTables);
+        }
+        if (result == RowsRead::Cancelled)
+            return;
+        begin();
+        if (result == RowsRead::None) {
+            m_target.finishEmpty();
+            m_shared.desktop.setHourglass(false);
+            m_shared.desktop.showMessage(
+                u"No records have been entered that may be included in the specified report"_s);
+            return;
+        }
+        addTotals();
+        m_target.FinishReportOutput();
+    }
+
+private:
+    struct Column
+    {
+        const CatalogueField *field;
+        bool isCurrency;
+        bool showTotal;
+        ColumnTotal total;
+    };
+
+    RowsRead readRows(ColumnNames names)
+    {
+        return forEachRow(m_shared, reportQuery(m_report, names, m_shared.regional),
+                          [this](const ForwardOnly &row) {
+                              begin();
+                              addRow(row);
+                          });
+    }
+
+    /// Not before the query has been accepted: the report shown last stays until then.
+    void begin()
+    {
+        if (std::exchange(m_hasBegun, true))
+            return;
+        const ReportTable table = reportTable(m_report);
+        m_tableFormat = table.TableFormat;
+        QString header =
+            (m_report.dateInHeader ? formatShortDate(Date::today(), m_shared.regional) : QString()) + u'|' +
+            m_report.title + u'|';
+        if (m_report.pageNum == pageNumberInHeader)
+            header += u"Page %d"_s;
+        const QString footer = m_report.pageNum == pageNumberAtBottom ? u"|Page %d|"_s : QString();
+        m_target.StartReportOutput(
+            {table.TableFormat, table.TableHeading, header, footer, m_report.orient != 0, htmlLines()});
+    }
+
+    QStringList htmlLines() const
+    {
+        QStringList lines = htmlOpeningLines(m_report.title);
+        lines << u"<tr><th colspan = "_s + QString::number(m_report.fields.size()) + u'>' + m_report.title +
+                     u"</th></tr>"_s
+              << u"<tr>"_s;
+        for (const Column &column : m_columns)
+            lines << u"<th>"_s + column.field->desc + u"</th>"_s;
+        return lines << u"</tr>"_s;
+    }
+
+    void addRow(const ForwardOnly &row)
+    {
+        m_row.resize(0);
+        m_row += m_form.rowBegin;
+        int position = 0;
+        for (Column &column : m_columns) {
+            const Value value = row.value(position++);
+            if (column.showTotal && column.field->datatype == FieldKind::Number)
+                column.total.add(value);
+            addCell(column, cellText(value, column.field->datatype, column.isCurrency, m_shared.regional));
+        }
+        finishRow();
+    }
+
+    void addTotals()
+    {
+        m_row.resize(0);
+        m_row += m_form.rowBegin;
+        bool any = false;
+        for (const Column &column : m_columns) {
+            any = any || column.showTotal;
+            if (column.showTotal)
+                addCell(column, column.total.text(column.isCurrency, m_shared.regional), true);
+            else
+                m_row += m_form.noTotal;
+        }
+        if (any)
+            finishRow();
+    }
+
+    void addCell(const Column &column, QStringView text, bool isTotal = false)
+    {
+        const bool isNumber = isTotal || column.field->datatype == FieldKind::Number;
+        m_row += isNumber ? m_form.numberBegin : m_form.cellBegin;
+        m_row += text;
+        m_row += m_form.cellEnd;
+    }
+
+    void finishRow()
+    {
+        m_row.chop(m_form.dropped);
+        m_row += m_form.rowEnd;
+        if (m_target.kind() == Kind::Preview)
+            m_target.addTable(m_tableFormat, m_row);
+        else
+            m_target.addLine(m_row);
+    }
+
+    const ReportDefinition &m_report;
+    SharedState &m_shared;
+    ReportTarget &m_target;
+    const RowForm &m_form;
+    std::vector<Column> m_columns;
+    QString m_tableFormat;
+    QString m_row;
+    bool m_hasBegun = false;
+};
+
+std::unique_ptr<ReportTarget> chooseTarget(const ReportDefinition &report, SharedState &shared,
+                                           ReportPreview &preview)
+{
+    const auto kind = Kind(report.reportTo);
+    const bool isHtml = kind == Kind::HtmlFile;
+    return ReportTarget::choose(kind, shared, preview, report.SpecUseWith + (isHtml ? u".htm"_s : u".txt"_s),
+                                isHtml ? u"Html Files (*.htm)|*.htm|All Files (*.*)|*.*"_s
+                                       : u"Text Files (*.txt)|*.txt|All Files (*.*)|*.*"_s);
+}
+
+} // namespace
+
+ReportTable reportTable(const ReportDefinition &report)
+{
+    const float twipsPerUnit = report.width == 0 ? twipsPerInch : twipsPerCentimetre;
+    ReportTable table;
+    for (const CatalogueField *field : report.printedFields()) {
+        if (field->datatype == FieldKind::Number)
+            table.TableFormat += u'>';
+        // The product may be more than a number of single precision holds.
+        constexpr float most = std::numeric_limits<float>::max();
+        const float twips = std::clamp(twipsPerUnit * report.optionsOf(*field).ColWidth, -most, most);
+        table.TableFormat += plainSingle(twips, fileSettings()) + u'|';
+        table.TableHeading += field->desc + u'|';
+    }
+    table.TableFormat.back() = u';';
+    table.TableHeading.back() = u';';
+    return table;
+}
+
+void generateReport(const ReportDefinition &report, SharedState &shared, ReportPreview &preview)
+{
+    if (report.printedFields().isEmpty()) {
+        shared.desktop.showMessage(u"You have not selected any fields to include in the report"_s);
+        return;
+    }
+    shared.RepeatHeading = true;
+    const auto pointer = qScopeGuard([&] { shared.desktop.setHourglass(false); });
+    const auto tell = [&](const QString &text) {
+        shared.desktop.setHourglass(false);
+        shared.desktop.showMessage(text);
+    };
+    try {
+        const auto target = chooseTarget(report, shared, preview);
+        if (!target)
+            return;
+        shared.desktop.setHourglass(true);
+        Generation(report, shared, *target).run();
+    } catch (const ReportFileError &error) {
+        tell(error.description());
+    } catch (const EngineError &error) {
+        if (!isRejection(error))
+            throw;
+        tell(u"%1  %2"_s.arg(QString::number(error.number()), error.description()));
+    }
+}
+
+} // namespace obelmark

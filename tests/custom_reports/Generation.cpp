@@ -1,0 +1,468 @@
+// Custom reports from their definitions: the query, the rows it selects, and what the targets receive.
+#include "common/SharedState.h"
+#include "custom_reports/ReportDefinition.h"
+#include "custom_reports/ReportGenerator.h"
+#include "custom_reports/ReportQuery.h"
+#include "engine/EngineError.h"
+#include "reports/ReportDocument.h"
+#include "reports/ReportPreview.h"
+#include "runtime/Formats.h"
+#include "support/ScriptedDesktop.h"
+#include "support/TestCollection.h"
+#include <QFile>
+#include <QTest>
+
+using namespace obelmark;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString textFilter = u"Text Files (*.txt)|*.txt|All Files (*.*)|*.*"_s;
+const QString htmlFilter = u"Html Files (*.htm)|*.htm|All Files (*.*)|*.*"_s;
+
+enum Field { Descr = 1, Country, CountryCode, Bought, Price, Sold, Struck, Mint, Year, CoinKey, Quantity };
+
+QList<CatalogueField> catalogueRows()
+{
+    const auto row = [](int specid, const QString &desc, const QString &column, FieldKind kind,
+                        const QString &table = {}, const QString &link = {}) {
+        CatalogueField field;
+        field.specid = specid;
+        field.usewith = u"coin"_s;
+        field.desc = desc;
+        field.fieldname = column;
+        field.datatype = kind;
+        field.IsCurrency = specid == Price;
+        field.FileName = table;
+        field.linkfield = link;
+        return field;
+    };
+    return {
+        row(Bought, u"Bought"_s, u"PurchaseDate"_s, FieldKind::Date),
+        row(Country, u"Country"_s, u"coudesc"_s, FieldKind::Text, u"country"_s, u"couid"_s),
+        row(CountryCode, u"Country Code"_s, u"couid"_s, FieldKind::Number, u"country"_s, u"couid;couid"_s),
+        row(Descr, u"Description"_s, u"descr"_s, FieldKind::Text),
+        row(CoinKey, u"Key of Country"_s, u"couid"_s, FieldKind::Number),
+        row(Mint, u"Mint"_s, u"mindesc"_s, FieldKind::Text, u"mint"_s, u"minid"_s),
+        row(Price, u"Price"_s, u"pricepaid"_s, FieldKind::Number),
+        row(Quantity, u"Quantity"_s, u"quantity"_s, FieldKind::Number),
+        row(Sold, u"Sold"_s, u"sold"_s, FieldKind::YesNo),
+        row(Struck, u"Struck"_s, u"struck"_s, FieldKind::Time),
+        row(Year, u"Year"_s, u"Year"_s, FieldKind::Number, u"Coin"_s)};
+}
+
+struct Report : ReportDefinition
+{
+    explicit Report(const QList<int> &chosen = {}) : ReportDefinition(catalogueRows(), u"coin"_s)
+    {
+        fields = chosen;
+    }
+    FieldOptions &of(int specid) { return options[size_t(specid)]; }
+    void sortBy(int first, int second = 0)
+    {
+        const auto position = [this](int specid) {
+            const auto &all = rows.all();
+            return int(
+                std::find_if(all.begin(), all.end(), [&](const auto &row) { return row.specid == specid; }) -
+                all.begin());
+        };
+        sort1 = position(first);
+        sort2 = second ? position(second) : -1;
+    }
+};
+
+Date at(const QString &iso)
+{
+    return fromIsoText(iso).value();
+}
+
+/// One criterion as the designer sets it, and as somebody writes it who asks SQLite.
+struct Criterion
+{
+    const char *name;
+    void (*set)(Report &);
+    const char *sql;
+};
+
+const Criterion criteria[] = {
+    {"starts with, any case", [](Report &r) { r.of(Descr).StartsWith = u"ab"_s; },
+     "lower(substr(descr, 1, 2)) = 'ab'"},
+    {"a quote", [](Report &r) { r.of(Descr).StartsWith = u"O'"_s; }, "substr(descr, 1, 2) = 'O''' "},
+    {"in a lookup table", [](Report &r) { r.of(Country).StartsWith = u"Fr"_s; }, "couid in (2, 3)"},
+    {"money below", [](Report &r) { r.of(Price).LessThan = u"1,000.5"_s; }, "pricepaid < 10005000"},
+    {"money above, finer than it", [](Report &r) { r.of(Price).GreaterThan = u"$2.50005"_s; },
+     "pricepaid > 25000"},
+    {"a span of money",
+     [](Report &r) {
+         r.of(Price).GreaterThan = u"(5)"_s;
+         r.of(Price).LessThan = u"3"_s;
+     },
+     "pricepaid between -49999 and 29999"},
+    {"number above", [](Report &r) { r.of(Year).GreaterThan = u"1899.5"_s; }, "Year >= 1900"},
+    {"first date", [](Report &r) { r.of(Bought).StartValue = at(u"2005-01-05"_s); },
+     "PurchaseDate >= '2005-01-05'"},
+    {"last date", [](Report &r) { r.of(Bought).EndValue = at(u"1899-12-05"_s); },
+     "PurchaseDate < '1899-12-06'"},
+    {"both dates the same",
+     [](Report &r) { r.of(Bought).StartValue = r.of(Bought).EndValue = at(u"2005-01-05T18:00:00"_s); },
+     "PurchaseDate = '2005-01-05'"},
+    {"true", [](Report &r) { r.of(Sold).SelTrue = true; }, "sold = 1"},
+    {"false", [](Report &r) { r.of(Sold).SelFalse = true; }, "sold = 0"},
+    {"from a time", [](Report &r) { r.of(Struck).StartValue = at(u"1899-12-30T10:30:00"_s); },
+     "time(struck) >= '10:30:00'"},
+    {"to a time", [](Report &r) { r.of(Struck).EndValue = at(u"1899-12-30T18:15:42"_s); },
+     "time(struck) <= '18:15:42'"},
+};
+
+/// A collection of coins with every kind of value, and nulls.
+QString coins()
+{
+    QString sql = u"alter table Coin add column struck date; insert into country (couid, coudesc) values "
+                  "(1001, 'x'); update country set coudesc = 'Frisia' where couid = 2;"
+                  "update country set coudesc = 'france' where couid = 3;"
+                  "update country set coudesc = 'Spain' where couid = 1;"
+                  "update country set coudesc = 'z' || couid where couid > 3;"_s;
+    const QStringList descriptions{u"'Abel'"_s, u"'aBBa'"_s, u"'O''Neil'"_s, u"'Oslo'"_s, u"''"_s, u"null"_s};
+    const QStringList prices{u"null"_s,  u"-50000"_s, u"-49999"_s,   u"0"_s,       u"25000"_s,
+                             u"25001"_s, u"30000"_s,  u"10004999"_s, u"10005000"_s};
+    const QStringList dates{u"null"_s,         u"'2005-01-04'"_s, u"'2005-01-05'"_s, u"'2005-01-06'"_s,
+                            u"'1899-12-05'"_s, u"'0852-03-01'"_s, u"'1899-12-06'"_s};
+    const QStringList times{u"null"_s, u"'1899-12-30T10:29:59'"_s, u"'1899-12-30T10:30:00'"_s,
+                            u"'1899-12-30T18:15:42'"_s, u"'1899-12-30T18:15:43'"_s};
+    for (int i = 0; i < 1260; ++i) {
+        sql +=
+            u"insert into Coin (descr, pricepaid, PurchaseDate, sold, struck, couid, Year, quantity) values "
+            "(%1, %2, %3, %4, %5, %6, %7, %8);"_s.arg(descriptions[i % 6], prices[i % 9], dates[i % 7],
+                                                      QStringList{u"0"_s, u"1"_s}[i / 3 % 2], times[i % 5],
+                                                      QStringList{u"null"_s, u"1"_s, u"2"_s, u"3"_s}[i % 4],
+                                                      QString::number(1897 + i % 5), QString::number(i + 1));
+    }
+    return u"begin;"_s + sql + u"commit"_s;
+}
+
+class NoPreview : public ReportPreview
+{
+public:
+    ReportDocument &document() override { return m_document; }
+    void show() override { ++shown; }
+    int shown = 0;
+
+private:
+    ReportDocument m_document;
+};
+
+class Fixture
+{
+public:
+    explicit Fixture(const QString &sql, const QLocale &locale = QLocale(u"en_US"_s))
+        : shared(desktop, RegionalSettings(locale))
+    {
+        collection.exec(sql);
+        shared.DatabasePath = collection.databasePath();
+    }
+
+    /// What the report writes into a file of that kind.
+    QString written(Report report, int kind = 2)
+    {
+        if (!shared.CoinDatabase)
+            shared.CoinDatabase = Database::open(shared.DatabasePath, Database::Access::Exclusive, {});
+        report.reportTo = kind;
+        const QString path = collection.folder() + u"report"_s;
+        QFile::remove(path);
+        desktop.answerSaveFile(kind == 2 ? u"coin.txt"_s : u"coin.htm"_s, kind == 2 ? textFilter : htmlFilter,
+                               path);
+        generateReport(report, shared, preview);
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : u"no file"_s;
+    }
+
+    TestCollection collection;
+    ScriptedDesktop desktop;
+    SharedState shared;
+    NoPreview preview;
+};
+
+} // namespace
+
+class GenerationTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void query_data()
+    {
+        QTest::addColumn<Report>("report");
+        QTest::addColumn<QString>("sql");
+        const auto add = [](const char *name, const QList<int> &fields, auto set, const QString &sql) {
+            Report report(fields);
+            set(report);
+            QTest::newRow(name) << report << sql;
+        };
+        add(
+            "the example", {Descr, Country, Bought},
+            [](Report &r) {
+                r.of(Bought).HideField = true;
+                r.of(Bought).StartValue = at(u"2005-01-05"_s);
+                r.sortBy(Descr);
+            },
+            u"Select descr, coudesc from (coin left join country on coin.couid = country.couid) where  "
+            "PurchaseDate >= #1/5/2005# order by descr"_s);
+        add(
+            "two fields of one table, nested joins, no coin column joins itself",
+            {Country, Mint, CountryCode, Year}, [](Report &) {},
+            u"Select coudesc, mindesc, couid, Year from ((coin left join country on coin.couid = "
+            u"country.couid) "
+            "left join mint on coin.minid = mint.minid)"_s);
+        add(
+            "sorted by tables that no field brings", {Year}, [](Report &r) { r.sortBy(Mint, Country); },
+            u"Select Year from ((coin left join mint on coin.minid = mint.minid) left join country on "
+            "coin.couid = country.couid) order by mindesc, coudesc"_s);
+        add(
+            "quoted and converted", {Descr, Price, Sold, Struck, Bought},
+            [](Report &r) {
+                r.of(Descr).StartsWith = u"O'N"_s;
+                r.of(Price).LessThan = u"1,234.50"_s;
+                r.of(Price).GreaterThan = u"-.5"_s;
+                r.of(Sold).SelFalse = true;
+                r.of(Struck).StartValue = at(u"1899-12-30T10:30:00"_s);
+                r.of(Struck).EndValue = at(u"2005-01-05T18:15:42"_s);
+                r.of(Bought).EndValue = at(u"0900-01-05"_s);
+            },
+            u"Select descr, pricepaid, sold, struck, PurchaseDate from coin where  descr like 'O''N*' and "
+            "pricepaid < 1234.5 and pricepaid > -0.5 and not sold and struck >= #10:30:00 AM# and struck <= "
+            "#1/5/2005 6:15:42 PM# and PurchaseDate <= #1/5/0900#"_s);
+        add(
+            "false alone", {Sold}, [](Report &r) { r.of(Sold).SelFalse = true; },
+            u"Select sold from coin where  not sold"_s);
+    }
+    void query()
+    {
+        QFETCH(Report, report);
+        QFETCH(QString, sql);
+        const RegionalSettings regional(QLocale(u"en_US"_s));
+        QCOMPARE(reportQuery(report, ColumnNames::Plain, regional), sql);
+    }
+
+    // Each criterion alone and with each other one, against rows that SQLite selects by itself.
+    void criteriaSelectTheirRows()
+    {
+        Fixture f(coins());
+        const auto rowsOf = [&](const QString &where) {
+            return f.collection.query(u"select quantity from Coin where %1 order by quantity"_s.arg(where));
+        };
+        struct Case
+        {
+            Report report{{Quantity}};
+            QString name;
+            QStringList rows;
+        };
+        std::vector<Case> cases;
+        for (size_t a = 0; a < std::size(criteria); ++a) {
+            for (size_t b = a; b < std::size(criteria); ++b) {
+                // A field has room for one beginning, one bound of a kind, one answer.
+                Case c;
+                criteria[a].set(c.report);
+                criteria[b].set(c.report);
+                Report other({Quantity});
+                criteria[b].set(other);
+                criteria[a].set(other);
+                if (a != b && c.report.options != other.options)
+                    continue;
+                for (const int field : {Descr, Country, Price, Year, Bought, Sold, Struck}) {
+                    c.report.of(field).HideField = true;
+                    c.report.fields << field;
+                }
+                c.report.sortBy(Quantity);
+                c.name =
+                    QString::fromLatin1(criteria[a].name) + u" & "_s + QString::fromLatin1(criteria[b].name);
+                c.rows = rowsOf(u"(%1) and (%2)"_s.arg(QString::fromLatin1(criteria[a].sql),
+                                                       QString::fromLatin1(criteria[b].sql)));
+                QVERIFY2(a != b || (!c.rows.isEmpty() && c.rows.size() < 1260), criteria[a].name);
+                if (!c.rows.isEmpty())
+                    cases.push_back(c);
+            }
+        }
+        QVERIFY(cases.size() > 70);
+        for (const Case &c : cases)
+            QVERIFY2(f.written(c.report) == c.rows.join(u"\r\n"_s) + u"\r\n"_s, qPrintable(c.name));
+        QCOMPARE(f.desktop.problems(), QStringList());
+    }
+
+    void targets()
+    {
+        Fixture f(
+            u"alter table Coin add column struck date; delete from country; insert into country (couid, "
+            u"coudesc) "
+            "values (1, 'Österreich');"
+            "insert into Coin (descr, couid, pricepaid, PurchaseDate, sold, struck, quantity, Year) values "
+            "('a|b;c', 1, 12345678, '2005-01-05', 1, '1899-12-30T18:15:42', 2, 1900),"
+            "('<b>', null, null, null, null, null, null, null), ('z', 9, 1, '1852-05-03', 0, null, 3, -1)"_s);
+        Report report({Descr, Country, Bought, Price, Sold, Struck, Quantity, Year});
+        report.title = u"All & Sundry"_s;
+        report.sortBy(Descr);
+        report.of(Price).ShowTotal = report.of(Quantity).ShowTotal = true;
+        report.of(Year).HideField = true;
+        QCOMPARE(f.written(report),
+                 u"<b>\t\t\t\tNo\t\t\r\na|b;c\tÖsterreich\t1/5/2005\t$1,234.57\tYes\t06:15 PM\t2\r\n"
+                 "z\t\t5/3/1852\t$0.00\tNo\t\t3\r\n\t\t\t$1,234.57\t\t\t5\r\n"_s);
+        report.fields = {Descr, Quantity, Sold, Year};
+        QCOMPARE(
+            f.written(report, 3),
+            u"<html>\r\n<head><title>All & Sundry</title></head>\r\n<body>\r\n<table border=1>\r\n"
+            "<tr><th colspan = 4>All & "
+            "Sundry</th></tr>\r\n<tr>\r\n<th>Description</th>\r\n<th>Quantity</th>\r\n"
+            "<th>Sold</th>\r\n</tr>\r\n<tr><td><b></td><td align=right></td><td>No</td></tr>\r\n"
+            "<tr><td>a|b;c</td><td align=right>2</td><td>Yes</td></tr>\r\n"
+            "<tr><td>z</td><td align=right>3</td><td>No</td></tr>\r\n"
+            "<tr><TD>&nbsp;</TD><td align=right>5</td><TD>&nbsp;</TD></tr>\r\n</table>\r\n"
+            "<H6>List Produced by <A HREF=\"https://obelmark.example/\">Obelmark</A></H6>\r\n</body>\r\n</html>\r\n"_s);
+        QCOMPARE(f.preview.shown, 0);
+        report.reportTo = 1;
+        generateReport(report, f.shared, f.preview);
+        QCOMPARE(f.preview.shown, 1);
+        QCOMPARE(f.shared.TableHeading, u"Description|Quantity|Sold;"_s);
+        QVERIFY(f.shared.RepeatHeading && !f.desktop.hourglass());
+        QCOMPARE(f.desktop.problems(), QStringList());
+    }
+
+    void germanRegion()
+    {
+        Fixture f(u"insert into Coin (descr, pricepaid, PurchaseDate) values ('x', 12345600, '2005-01-05'), "
+                  "('y', 15000, '2005-01-05'), ('w', 15001, null)"_s,
+                  QLocale(u"de_DE"_s));
+        Report report({Descr, Price, Bought});
+        report.of(Price).GreaterThan = u"1,5"_s;
+        report.of(Price).LessThan = u"1.234,57"_s;
+        report.of(Price).CurrencyField = false;
+        report.of(Price).ShowTotal = true;
+        report.of(Price).ColWidth = 0.75F;
+        report.width = 1;
+        report.sortBy(Descr);
+        QCOMPARE(f.written(report), u"w\t1,5001\t\r\nx\t1234,56\t05.01.2005\r\n\t1236,0601\t\r\n"_s);
+        // The preview's own language: the decimal point whatever the region.
+        QCOMPARE(reportTable(report).TableFormat, u"561.6|>421.2|561.6;"_s);
+    }
+
+    void widths()
+    {
+        Report report({Price, Descr});
+        report.of(Price).ColWidth = 1.5F;
+        report.of(Descr).ColWidth = 0;
+        QCOMPARE(reportTable(report).TableFormat, u">2160|0;"_s);
+        report.width = 1;
+        report.of(Price).ColWidth = 2;
+        report.of(Descr).ColWidth = 3e38F;
+        QCOMPARE(reportTable(report).TableFormat, u">1123.2|3.402823E+38;"_s);
+    }
+
+    // Sums that no double holds, and one that money does not hold.
+    void totals()
+    {
+        Fixture f(
+            u"insert into Coin (descr, pricepaid) values ('a', 9007199254740993), ('b', 1), ('c', 49)"_s);
+        Report report({Descr, Price});
+        report.of(Price).ShowTotal = true;
+        QVERIFY(f.written(report).endsWith(u"\t$900,719,925,474.10\r\n"_s));
+        report.of(Price).CurrencyField = false;
+        QVERIFY(f.written(report).endsWith(u"\t900719925474.1043\r\n"_s));
+
+        Fixture large(
+            u"insert into Coin (descr, pricepaid) values ('a', 9000000000000000000), ('b', 9000000000000000000)"_s);
+        report.of(Price).CurrencyField = true;
+        QVERIFY(large.written(report).endsWith(u"\t$1,800,000,000,000,000.00\r\n"_s));
+    }
+
+    // The key of the countries stands in both tables.
+    void sharedColumnNames()
+    {
+        Fixture f(
+            u"delete from country; insert into country (couid, coudesc) values (1, 'x'); insert into Coin "
+            "(descr, couid) values ('a', 1), ('b', 5)"_s);
+        Report report({Descr, CoinKey, CountryCode});
+        report.sortBy(CoinKey);
+        QCOMPARE(f.written(report), u"a\t1\t1\r\nb\t5\t\r\n"_s);
+        report.of(CoinKey).GreaterThan = u"1"_s;
+        QCOMPARE(f.written(report), u"b\t5\t\r\n"_s);
+    }
+
+    void nothingToReport()
+    {
+        Fixture f({});
+        const QString noFields = u"You have not selected any fields to include in the report"_s;
+        const QString noCoins =
+            u"No records have been entered that may be included in the specified report"_s;
+        Report report({Descr});
+        report.of(Descr).HideField = true;
+        for (const QList<int> &fields : {QList<int>(), QList<int>{Descr}}) {
+            report.fields = fields;
+            f.desktop.expectMessage(noFields);
+            generateReport(report, f.shared, f.preview);
+        }
+        QVERIFY_THROWS_EXCEPTION(NumberedError,
+                                 generateReport(Report({Descr}), f.shared, f.preview)); // no database
+        QVERIFY(!f.desktop.hourglass());
+
+        const auto emptyReport = [&](int kind) {
+            const QString text = f.written(Report({Descr}), kind);
+            return text;
+        };
+        f.desktop.reset();
+        f.shared.CoinDatabase = Database::open(f.shared.DatabasePath, Database::Access::Exclusive, {});
+        f.desktop.expectMessage(noCoins);
+        report = Report({Descr});
+        generateReport(report, f.shared, f.preview);
+        QCOMPARE(f.preview.shown, 0);
+        f.desktop.reset();
+        QCOMPARE(emptyReport(2), QString());
+        QVERIFY(emptyReport(3).endsWith(u"<th>Description</th>\r\n</tr>\r\n"));
+        QCOMPARE(f.desktop.surprises().size(), 2); // the message, each time
+    }
+
+    void whatGoesWrong()
+    {
+        Fixture f(u"insert into Coin (descr, Year) values ('a', 1)"_s);
+        const QString path = f.collection.folder() + u"kept.txt"_s;
+        QFile kept(path);
+        QVERIFY(kept.open(QIODevice::WriteOnly) && kept.write("kept") == 4);
+        kept.close();
+        f.shared.CoinDatabase = Database::open(f.shared.DatabasePath, Database::Access::Exclusive, {});
+        Report report({Descr, Struck});
+        report.reportTo = 2;
+        const auto choose = [&](const std::optional<QString> &chosen,
+                                Desktop::Answer replace = Desktop::Answer::Yes) {
+            f.desktop.answerSaveFile(u"coin.txt"_s, textFilter, chosen);
+            if (chosen == path)
+                f.desktop.answerYesNo(
+                    u"The file '%1' already exists.  Do you wish to replace it?"_s.arg(path),
+                    u"File Exists"_s, replace);
+        };
+        // A query that the engine rejects: a column that is not there, a bound that is no number.
+        choose(path);
+        f.desktop.expectMessage(u"3061  Too few parameters. Expected 1."_s);
+        generateReport(report, f.shared, f.preview);
+        report.fields = {Descr, Year};
+        report.of(Year).LessThan = u"1 or 1=1"_s;
+        choose(path);
+        f.desktop.expectMessage(u"3075  Syntax error in query expression '1 or 1=1'."_s);
+        generateReport(report, f.shared, f.preview);
+        report.of(Year).LessThan.clear();
+        choose({});
+        generateReport(report, f.shared, f.preview);
+        choose(path, Desktop::Answer::No);
+        generateReport(report, f.shared, f.preview);
+        QVERIFY(kept.open(QIODevice::ReadOnly));
+        QCOMPARE(kept.readAll(), QByteArray("kept"));
+        QCOMPARE(f.desktop.problems(), QStringList());
+
+        f.desktop.reset();
+        choose(f.collection.folder() + u"missing/x.txt"_s);
+        generateReport(report, f.shared, f.preview);
+        QCOMPARE(f.desktop.surprises().size(), 1);
+        QVERIFY(f.desktop.surprises().first().contains(u"missing/x.txt"));
+        QVERIFY(!f.desktop.hourglass());
+    }
+};
+
+Q_DECLARE_METATYPE(Report)
+
+QTEST_MAIN(GenerationTest)
+#include "Generation.moc"

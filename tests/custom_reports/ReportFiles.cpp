@@ -1,0 +1,312 @@
+// Report files: their bytes, what is accepted of what others have written, and what stays after a fault.
+#include "common/SharedState.h"
+#include "custom_reports/ReportFile.h"
+#include "runtime/NumberedError.h"
+#include "support/ScriptedDesktop.h"
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <random>
+
+using namespace obelmark;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const RegionalSettings us(QLocale(u"en_US"_s));
+const RegionalSettings german(QLocale(u"de_DE"_s));
+
+/// The ids 1 to 4, in the lists as "Alloy", "Bought", "Code", "Dear".
+Catalogue smallCatalogue()
+{
+    const QTemporaryDir folder;
+    SQLite::Database(folder.filePath(u"rptspec.mdb"_s).toStdString(),
+                     SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
+        .exec("create table RptSpec (specid integer primary key, usewith varchar(50), Desc varchar(50), "
+              "fieldname varchar(50), datatype smallint, defwidth single, IsCurrency boolean, "
+              "FileName varchar(50), linkfield varchar(50), ismemo boolean);"
+              "insert into RptSpec values (1, 'coin', 'Dear', 'pricepaid', 2, 1, 1, '', '', 0),"
+              "(2, 'coin', 'Alloy', 'Metal', 1, null, 0, '', '', 0),"
+              "(3, 'coin', 'Bought', 'PurchaseDate', 3, 1, 0, '', '', 0),"
+              "(4, 'coin', 'Code', 'sold', 4, 1, 0, '', '', 0),"
+              "(9, 'stamp', 'Gum', 'gum', 1, 2.5, 0, '', '', 0)");
+    return Catalogue::read(folder.path() + u'/');
+}
+
+const QString defaultLines =
+    u"coin|Obelmark Report|1|0|1|0|0|-1 |-1 |0||0;0;0;0|0;0;0;0|;;;|0;0;0;0|0;0;0;0|;;;|;;;|1;1;1;1|0;0;0;0|0;0;0;0|1;0;0;0"_s;
+/// Fields 3 and 1, sorted by the second entry of the list, field 1 is 2 inches wide, 3 starts on 1 January
+/// 2005.
+const QString exampleLines =
+    u"coin|Obelmark Report|1|0|1|0|0| 1 |-1 |2|3;1|0;0;0;0|0;0;0;0|;;;|0;0;38353;0|0;0;0;0|;;;|;;;|2;1;1;1|0;0;0;0|0;0;0;0|1;0;0;0"_s;
+
+QByteArray fileOf(const QStringList &lines)
+{
+    return (lines.join(u"\r\n"_s) + u"\r\n"_s).toUtf8();
+}
+
+bool isSame(const ReportDefinition &a, const ReportDefinition &b)
+{
+    return a.SpecUseWith == b.SpecUseWith && a.title == b.title && a.reportTo == b.reportTo &&
+           a.orient == b.orient && a.dateInHeader == b.dateInHeader && a.pageNum == b.pageNum &&
+           a.width == b.width && a.sort1 == b.sort1 && a.sort2 == b.sort2 && a.fields == b.fields &&
+           a.options == b.options;
+}
+
+class Chance
+{
+public:
+    explicit Chance(unsigned seed) : m_generator(seed) {}
+    int below(int limit) { return int(m_generator() % unsigned(limit)); }
+    int from(int least, int most) { return least + below(most - least + 1); }
+    bool coin() { return below(2) == 0; }
+    QString pick(const QStringList &texts) { return texts[below(int(texts.size()))]; }
+
+private:
+    std::mt19937 m_generator;
+};
+
+Date anyMoment(Chance &chance)
+{
+    const QTime time =
+        chance.coin() ? QTime(0, 0) : QTime(chance.below(24), chance.below(60), chance.below(60));
+    const QDate day =
+        chance.coin() ? QDate(chance.from(100, 9999), chance.from(1, 12), chance.from(1, 28)) : Date{}.date();
+    return chance.below(3) == 0 ? Date{} : Date::from(day, time);
+}
+
+ReportDefinition anyReport(Chance &chance, const Catalogue &catalogue, const RegionalSettings &regional)
+{
+    ReportDefinition report(catalogue, u"coin"_s);
+    report.title = chance.pick({u""_s, u"Münzen; | \"'"_s, u" 古銭 "_s, u"-1"_s});
+    report.reportTo = chance.from(1, 3);
+    report.orient = chance.below(2);
+    report.dateInHeader = chance.below(2);
+    report.pageNum = chance.below(3);
+    report.width = chance.below(2);
+    report.sort1 = chance.from(-1, 3);
+    report.sort2 = chance.from(-1, 3);
+    for (const int specid : {4, 2, 1, 3}) {
+        if (chance.coin())
+            report.fields.insert(chance.below(int(report.fields.size()) + 1), specid);
+    }
+    const QString point = regional.decimalPoint();
+    for (size_t specid = 1; specid < report.options.size(); ++specid) {
+        FieldOptions &options = report.options[specid];
+        options.SelTrue = chance.coin();
+        options.SelFalse = chance.coin();
+        options.StartsWith = chance.pick({u""_s, u" O'Neil, "_s, u"1,5"_s, u"é*"_s});
+        options.StartValue = anyMoment(chance);
+        options.EndValue = anyMoment(chance);
+        options.LessThan = chance.pick(
+            {u""_s, u"5%120"_s.replace(u'%', point), u"-7"_s, u"1000"_s, u"0%125"_s.replace(u'%', point)});
+        options.GreaterThan = chance.pick({u""_s, u"%5"_s.replace(u'%', point), u"99999999999999999999"_s});
+        options.ColWidth =
+            chance.coin() ? float(chance.below(1'000'000)) / 1000 : float(chance.from(-5, 5)) * 1e-6F;
+        options.ColWidth = QString::number(double(options.ColWidth), 'g', 7).toFloat();
+        options.HideField = chance.coin();
+        options.ShowTotal = chance.coin();
+    }
+    return report;
+}
+
+} // namespace
+
+class ReportFilesTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void bytesOfTheExample()
+    {
+        ReportDefinition report(m_catalogue, u"coin"_s);
+        QCOMPARE(reportFileText(report, us), fileOf(defaultLines.split(u'|')));
+        report.fields = {3, 1};
+        report.sort1 = 1;
+        report.options[1].ColWidth = 2;
+        report.options[3].StartValue = Date::from(QDate(2005, 1, 1));
+        QCOMPARE(reportFileText(report, german), fileOf(exampleLines.split(u'|')));
+        report.title = u"two\nlines"_s;
+        QCOMPARE(reportFileText(report, us).split('\n').size(), 23);
+    }
+
+    void everyReportSurvives_data()
+    {
+        QTest::addColumn<bool>("inGerman");
+        QTest::newRow("en_US") << false;
+        QTest::newRow("de_DE") << true;
+    }
+    void everyReportSurvives()
+    {
+        QFETCH(bool, inGerman);
+        const RegionalSettings &regional = inGerman ? german : us;
+        const ReportDefinition current(m_catalogue, u"coin"_s);
+        Chance chance(1);
+        for (int i = 0; i < 500; ++i) {
+            const ReportDefinition report = anyReport(chance, m_catalogue, regional);
+            const QByteArray file = reportFileText(report, regional);
+            const ReadReport read = readReport(file, current, m_catalogue, regional);
+            QVERIFY2(read.isValid && isSame(*read.report, report), file.constData());
+        }
+    }
+
+    // One line of the example is another one: does it read, and as what is it written again? What follows a
+    // fault is as the designer begins with it.
+    void otherLine_data()
+    {
+        QTest::addColumn<int>("line");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("valid");
+        QTest::addColumn<QString>("kept");
+        const auto good = [](const char *name, int line, const QString &text, const QString &kept) {
+            QTest::newRow(name) << line << text << true << kept;
+        };
+        const auto bad = [](const char *name, int line, const QString &text, const QString &kept = {}) {
+            QTest::newRow(name) << line << text << false
+                                << (kept.isNull() ? defaultLines.section(u'|', line - 1, line - 1) : kept);
+        };
+        good("other letter case", 1, u"COIN"_s, u"COIN"_s);
+        good("no title", 2, u""_s, u""_s);
+        good("rounded half to even", 3, u" 1.5 "_s, u"2"_s);
+        bad("target 4", 3, u"4"_s);
+        bad("no target", 3, u""_s);
+        bad("orientation", 4, u"2"_s);
+        bad("date", 5, u"yes"_s);
+        bad("page numbers", 6, u"3"_s);
+        bad("unit", 7, u"-1"_s);
+        good("sort without blanks", 8, u"3"_s, u" 3 "_s);
+        bad("sort -2", 8, u"-2"_s);
+        bad("sort beyond the list", 9, u"4"_s);
+        bad("huge sort", 9, u"99999999999999999999"_s);
+        bad("count", 10, u"two"_s, u"0"_s);
+        good("unused count", 10, u"77"_s, u"2"_s);
+        good("no fields", 11, u""_s, u""_s);
+        good("fields twice, unknown, none", 11, u"3;3;8;2.5;-1;0;1e300"_s, u"3"_s);
+        bad("field that is no number", 11, u"3;x"_s, u"3"_s);
+        bad("half an option line", 12, u"0;1;x"_s, u"0;1;0;0"_s);
+        bad("true instead of 1", 13, u"true;0"_s);
+        good("fewer entries", 13, u"1;1"_s, u"1;1;0;0"_s);
+        bad("too many entries", 13, u"1;0;1;1;0"_s, u"1;0;1;1"_s);
+        good("texts", 14, u"a;'b\"|,;é"_s, u"a;'b\"|,;é;"_s);
+        good("time", 15, u"0.4375;0,5"_s, u"0.4375;0.5;0;0"_s);
+        bad("date of the year 20000", 15, u"1;6500000"_s, u"1;0;0;0"_s);
+        bad("empty date", 16, u";"_s);
+        good("bounds", 17, u"1,5;1.5;x;1,000"_s, u"1.5;1.5;x;1000"_s);
+        good("widths", 19, u"0,5;1123.2;-1;.25"_s, u"0.5;1123.2;-1;0.25"_s);
+        bad("width too large", 19, u"1;1e39"_s, u"1;1;1;1"_s);
+        bad("hidden", 20, u"01"_s);
+        bad("total", 21, u"1;1;0; 1"_s, u"1;1;0;0"_s);
+        good("last line unread", 22, u"anything"_s, u"1;0;0;0"_s);
+    }
+    void otherLine()
+    {
+        QFETCH(int, line);
+        QFETCH(QString, text);
+        QFETCH(bool, valid);
+        QFETCH(QString, kept);
+        QStringList lines = exampleLines.split(u'|');
+        lines[line - 1] = text;
+        const ReadReport read =
+            readReport(fileOf(lines), ReportDefinition(m_catalogue, u"coin"_s), m_catalogue, us);
+        QCOMPARE(read.isValid, valid);
+        QStringList expected = valid ? lines : lines.first(line) + defaultLines.split(u'|').sliced(line);
+        // How many there are says line 11.
+        expected[9] = QString::number(line == 11            ? kept.count(u';') + !kept.isEmpty()
+                                      : !valid && line < 11 ? 0
+                                                            : 2);
+        if (line != 10)
+            expected[line - 1] = kept;
+        QCOMPARE(QString::fromUtf8(reportFileText(*read.report, us)).split(u"\r\n"_s),
+                 expected + QStringList{QString()});
+    }
+
+    void firstLine()
+    {
+        ReportDefinition current(m_catalogue, u"coin"_s);
+        current.width = 1;
+        const auto read = [&](const QByteArray &bytes) {
+            return readReport(bytes, current, m_catalogue, us);
+        };
+        for (const char *refused :
+             {"", "\r\n", "button\r\nTitle\r\n", "coins of the whole wo", "SQLite format 3"})
+            QVERIFY(!read(refused).isValid && !read(refused).report);
+        const ReadReport other = read("Stamp\nTitle\n2");
+        QVERIFY(!other.isValid);
+        QCOMPARE(other.report->SpecUseWith, u"Stamp"_s);
+        QCOMPARE(other.report->rows.MaxSpecID(), 9);
+        QCOMPARE(other.report->title, u"Title"_s);
+        QCOMPARE(other.report->reportTo, 2);
+        QCOMPARE(other.report->width, 1); // the file says nothing of it
+        QCOMPARE(other.report->options[9].ColWidth, 2.5F);
+        // A file of an older system.
+        QCOMPARE(read("coin\r\nM\xFCnzen\r\n").report->title, u"Münzen"_s);
+    }
+
+    void mutatedFiles()
+    {
+        const ReportDefinition current(m_catalogue, u"coin"_s);
+        Chance chance(2);
+        const QList<QByteArray> morsels{";",     "\r\n",   "\n",  "-",  "9",      "99999999",
+                                        "1e308", "&HFFFF", ",",   "\0", "\xFF",   "0;0;0;0;0;0",
+                                        "stamp", ";;;;",   "(1)", "$",  "3;1;2;4"};
+        int valid = 0;
+        for (int i = 0; i < 5000; ++i) {
+            QByteArray file = reportFileText(anyReport(chance, m_catalogue, us), us);
+            for (int n = chance.from(1, 4); n > 0; --n) {
+                const int at = chance.below(int(file.size()));
+                const int length = chance.coin() ? 0 : chance.below(int(file.size()) - at);
+                file.replace(at, chance.coin() ? length % 3 : length,
+                             morsels[chance.below(int(morsels.size()))]);
+            }
+            const ReadReport read = readReport(file, current, m_catalogue, us);
+            valid += read.isValid;
+            QVERIFY(read.report || !read.isValid);
+            if (!read.report)
+                continue;
+            const ReportDefinition &report = *read.report;
+            QCOMPARE(report.options.size(), size_t(report.rows.MaxSpecID()) + 1);
+            QCOMPARE(report.reportFields().size(), report.fields.size());
+            QVERIFY(report.fields.size() <= report.rows.all().size());
+            QVERIFY(report.reportTo >= 1 && report.reportTo <= 3 && report.pageNum >= 0 &&
+                    report.pageNum <= 2);
+            QVERIFY(std::max(report.sort1, report.sort2) < report.rows.all().size());
+            QVERIFY(std::min(report.sort1, report.sort2) >= -1);
+        }
+        QVERIFY(valid > 100 && valid < 4000);
+    }
+
+    void filesOnTheDisk()
+    {
+        ScriptedDesktop desktop;
+        SharedState shared(desktop, us);
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(u"a.rpt"_s);
+        const ReportDefinition report(m_catalogue, u"coin"_s);
+        saveReportFile(path, report, shared);
+        QCOMPARE(loadReportFile(path), reportFileText(report, us));
+        const auto errorOf = [](auto step) {
+            try {
+                step();
+            } catch (const NumberedError &error) {
+                return error.description();
+            }
+            return QString();
+        };
+        // The collection itself, chosen by mistake.
+        shared.DatabasePath = path;
+        QVERIFY(errorOf([&] { saveReportFile(path, report, shared); }).contains(u"is the collection itself"));
+        for (const QString &missing : {folder.filePath(u"none/b.rpt"_s), folder.path()}) {
+            QVERIFY(errorOf([&] { saveReportFile(missing, report, shared); }).contains(missing));
+            QVERIFY(errorOf([&] { loadReportFile(missing); }).contains(missing));
+        }
+        QFile large(path);
+        QVERIFY(large.resize(qint64(1) << 40)); // all of it zeros, none of it on the disk
+        QVERIFY(!readReport(loadReportFile(path), report, m_catalogue, us).report);
+    }
+
+private:
+    const Catalogue m_catalogue = smallCatalogue();
+};
+
+QTEST_GUILESS_MAIN(ReportFilesTest)
+#include "ReportFiles.moc"
