@@ -13,6 +13,7 @@ void addMoveBenches();
 void addFindBenches();
 void addUpdateBenches();
 void addLookupBenches();
+void addFileBenches();
 
 /// The main window's three orders, as openCoins() numbers them, and the columns that SQL orders them by.
 struct SortOrder

@@ -1,4 +1,4 @@
-// bench_engine: the engine and the store against SQLite's own C calls.
+// bench_engine: the engine, the store and the work on whole files against SQLite's own C calls.
 #include "Comparison.h"
 #include "EngineBenches.h"
 
@@ -10,5 +10,6 @@ int main(int argc, char *argv[])
     addFindBenches();
     addUpdateBenches();
     addLookupBenches();
+    addFileBenches();
     return runComparisons(argc, argv);
 }

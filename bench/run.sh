@@ -11,6 +11,9 @@ bin=build/bench/bin
 
 missed=0
 "$bin/bench_engine" "$@" || missed=1
+QT_QPA_PLATFORM=offscreen "$bin/bench_preview" "$@" || missed=1
+"$bin/bench_reports" "$@" || missed=1
+"$bin/bench_custom_report" "$@" || missed=1
 
 # A screen of its own, with nothing else on it.
 work=$(mktemp -d)
@@ -20,4 +23,5 @@ trap 'kill $!; rm -rf "$work"' EXIT
 read -r screen <"$work/screen"
 export DISPLAY=":$screen" QT_QPA_PLATFORM=xcb LC_ALL=en_US.UTF-8 XDG_RUNTIME_DIR="$work"
 "$bin/bench_start" "$@" || missed=1
+"$bin/bench_pictures" "$@" || missed=1
 exit $missed

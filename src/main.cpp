@@ -1,24 +1,38 @@
-// The composition root: makes the shared state and the main window, nothing else.
+// The composition root: makes the shared state and the windows, nothing else.
 #include "common/SharedState.h"
 #include "desktop/qt/RealDesktop.h"
+#include "editor/Program.h"
 #include "editor/ProgramWindows.h"
-#include "editor/frmMain.h"
 #include <QApplication>
+#include <QIcon>
+
+namespace {
+
+QIcon programIcon()
+{
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128, 256})
+        icon.addFile(QStringLiteral(":/icon/%1").arg(size));
+    return icon;
+}
+
+} // namespace
 
 int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Obelmark"));
+    QApplication::setDesktopFileName(QStringLiteral("obelmark"));
+    QApplication::setWindowIcon(programIcon());
     // Backup and packing close the main window for a while.
     QApplication::setQuitOnLastWindowClosed(false);
 
     obelmark::RealDesktop desktop;
     obelmark::SharedState shared(desktop, obelmark::RegionalSettings::system());
     obelmark::ProgramWindows windows(shared);
-    obelmark::frmMain mainWindow(shared, windows);
+    obelmark::Program program(shared, windows);
     // Not quit(): that would ask every window whether it may close.
-    QObject::connect(&mainWindow, &obelmark::frmMain::unloaded, &application, [] { QApplication::exit(); });
-    mainWindow.Form_Load();
-    mainWindow.show();
+    QObject::connect(&program, &obelmark::Program::ended, &application, [] { QApplication::exit(); });
+    program.showMainWindow();
     return QApplication::exec();
 }

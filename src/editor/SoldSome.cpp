@@ -5,6 +5,7 @@
 #include "desktop/Desktop.h"
 #include "editor/CoinFields.h"
 #include "engine/Transaction.h"
+#include "pictures/PictureFiles.h"
 #include "runtime/Numbers.h"
 #include "store/CoinFile.h"
 #include "store/ErrorHandling.h"
@@ -79,6 +80,7 @@ bool writeSoldRecord(CoinFields &fields, SharedState &shared, qint16 sold)
     set(u"forsale", [] { return Value(false); });
     set(u"sold", [] { return Value(true); });
     set(u"SoldDate", [] { return Value(Date::today()); });
+    attempt(shared, [&] { setAsideStrayPictures(shared, coinRecordset(shared).value(u"coinid").toInt()); });
     return writeWithRetry(shared, [&] { coinRecordset(shared).update(); });
 }
 

@@ -1,5 +1,6 @@
 #include "editor/frmAbout.h"
 
+#include "common/ProductPage.h"
 #include "desktop/Desktop.h"
 #include "forms/HelpKey.h"
 #include "ui_frmAbout.h"
@@ -10,19 +11,13 @@ namespace obelmark {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr char16_t webPage[] = u"https://obelmark.example/";
-
-}
-
 frmAbout::frmAbout(Desktop &desktop, const QString &helpFile, QWidget *parent)
     : QWidget(parent, Qt::Dialog), m_desktop(desktop), m_ui(std::make_unique<Ui::frmAbout>())
 {
     setAttribute(Qt::WA_DeleteOnClose);
     m_ui->setupUi(this);
     new HelpKey(*this, desktop, helpFile);
-    const QString address = QString::fromUtf16(webPage);
+    const QString address = QString::fromUtf16(productPage);
     m_ui->Label9->setText(u"<a href=\"%1\">%1</a>"_s.arg(address));
     connect(m_ui->Label9, &QLabel::linkActivated, this,
             [this](const QString &link) { m_desktop.openWebPage(QUrl(link)); });

@@ -1,7 +1,9 @@
 #include "editor/frmMain.h"
 
+#include "backup/Packing.h"
 #include "common/SharedState.h"
 #include "common/TextHelpers.h"
+#include "custom_reports/windows/frmRptSpec.h"
 #include "dates/DateField.h"
 #include "dates/DateFormat.h"
 #include "dates/DatePicker.h"
@@ -18,6 +20,8 @@
 #include "forms/EditButtons.h"
 #include "forms/HelpKey.h"
 #include "lookups/frmCodesMaint.h"
+#include "old_collections/TakeOver.h"
+#include "pictures/frmImage.h"
 #include "runtime/Dates.h"
 #include "store/CoinFile.h"
 #include "store/ErrorHandling.h"
@@ -60,13 +64,6 @@ constexpr DateRow dateTable[] = {
     {u"dcSoldDate", u"Select Sold Date", u"You must enter a valid sold date, or leave the field blank."},
 };
 
-/// The menu items whose windows are still to come.
-constexpr const char16_t *comingItems[] = {
-    u"mnuBackup",  u"mnuPack",       u"mnuRpt_1",   u"mnuRpt_2",      u"mnuRpt_3",
-    u"mnuRpt_4",   u"mnuRpt_5",      u"mnuRpt_6",   u"mnuRpt_7",      u"mnuRptValue",
-    u"mnuRptWant", u"mnuRptForSale", u"mnuRptSold", u"mnuRptSellers", u"mnuRptCustom",
-};
-
 /// Whether the Tab key may stop here now: hidden buttons and disabled fields are passed over, hidden pages
 /// not.
 bool isTabStop(const QWidget &widget)
@@ -89,6 +86,7 @@ frmMain::frmMain(SharedState &shared, ProgramWindows &windows)
     connectFields();
     connectButtons();
     connectMenus();
+    connectPictureWindow();
 }
 
 frmMain::~frmMain() = default;
@@ -131,16 +129,16 @@ void frmMain::connectFields()
 void frmMain::connectButtons()
 {
     const std::pair<QPushButton *, void (frmMain::*)()> buttons[] = {
-        {m_ui->cmdFirst, &frmMain::cmdFirst_Click},   {m_ui->cmdPrevious, &frmMain::cmdPrevious_Click},
-        {m_ui->cmdNext, &frmMain::cmdNext_Click},     {m_ui->cmdLast, &frmMain::cmdLast_Click},
-        {m_ui->cmdAddNew, &frmMain::cmdAddNew_Click}, {m_ui->cmdDelete, &frmMain::cmdDelete_Click},
-        {m_ui->cmdFind, &frmMain::cmdFind_Click},     {m_ui->cmdCancel, &frmMain::cmdCancel_Click},
-        {m_ui->cmdUpdate, &frmMain::cmdUpdate_Click}, {m_ui->cmdSoldSome, &frmMain::cmdSoldSome_Click},
+        {m_ui->cmdFirst, &frmMain::cmdFirst_Click},     {m_ui->cmdPrevious, &frmMain::cmdPrevious_Click},
+        {m_ui->cmdNext, &frmMain::cmdNext_Click},       {m_ui->cmdLast, &frmMain::cmdLast_Click},
+        {m_ui->cmdAddNew, &frmMain::cmdAddNew_Click},   {m_ui->cmdDelete, &frmMain::cmdDelete_Click},
+        {m_ui->cmdFind, &frmMain::cmdFind_Click},       {m_ui->cmdCancel, &frmMain::cmdCancel_Click},
+        {m_ui->cmdUpdate, &frmMain::cmdUpdate_Click},   {m_ui->cmdSoldSome, &frmMain::cmdSoldSome_Click},
+        {m_ui->cmdPicture, &frmMain::cmdPicture_Click},
     };
     for (const auto &[button, handler] : buttons)
         connect(button, &QPushButton::clicked, this,
                 [this, click = handler] { run([&] { (this->*click)(); }); });
-    connect(m_ui->cmdPicture, &QPushButton::clicked, this, [this] { sayNotAvailable(u"Picture"_s); });
 }
 
 void frmMain::connectMenus()
@@ -160,14 +158,14 @@ void frmMain::connectMenus()
     connectGroup(u"mnuSort"_s, 3, &frmMain::mnuSort_Click);
     connectGroup(u"mnuMaint"_s, 7, &frmMain::mnuMaint_Click);
     connectGroup(u"mnuRptOut"_s, 3, &frmMain::mnuRptOut_Click);
+    connectGroup(u"mnuRpt"_s, 7, &frmMain::mnuRpt_Click);
+    connectReports();
     connectGroup(u"mnuHelp"_s, 3, &frmMain::mnuHelp_Click);
+    connect(m_ui->mnuBackup, &QAction::triggered, this, &frmMain::backupWanted);
+    connect(m_ui->mnuPack, &QAction::triggered, this, &frmMain::mnuPack_Click);
     connect(m_ui->mnuAbout, &QAction::triggered, this, &frmMain::mnuAbout_Click);
     connect(m_ui->mnuExit, &QAction::triggered, this, &frmMain::mnuExit_Click);
-    for (const char16_t *name : comingItems) {
-        auto *item = findChild<QAction *>(QString::fromUtf16(name));
-        connect(item, &QAction::triggered, this,
-                [this, item] { sayNotAvailable(item->text().remove(u'&')); });
-    }
+    connect(m_ui->mnuRptCustom, &QAction::triggered, this, [this] { run([this] { mnuRptCustom_Click(); }); });
     new HelpKey(*this, m_shared.desktop, m_shared.HelpFilePath);
 }
 
@@ -196,6 +194,9 @@ void frmMain::Form_Load()
     });
     m_shared.HelpFilePath = pathInAnyCase(m_shared.AppFolder, u"coin.hlp"_s);
     m_shared.DatabasePath = pathInAnyCase(m_shared.AppFolder, u"coin.mdb"_s);
+    step([&] { recoverDatabase(m_shared); });
+    if (!offerTakeOver(m_shared.AppFolder, m_shared.desktop))
+        endProgram(m_shared);
     step([&] { m_shared.CoinDatabase = openCoinDatabase(m_shared.DatabasePath); });
     step([&] { Form_Activate(); });
     step([&] { m_shared.CoinRecordset = openCoins(coinDatabase(m_shared), m_shared.SortOrder); });
@@ -231,6 +232,10 @@ void frmMain::Form_Activate()
 
 void frmMain::Form_Unload()
 {
+    if (frmImage *image = m_windows.madeImage()) {
+        image->clear();
+        image->setHasCoin(false);
+    }
     attempt(m_shared, [&] {
         if (m_shared.CoinRecordset)
             m_shared.CoinRecordset->close();
@@ -287,6 +292,14 @@ bool frmMain::focusNextPrevChild(bool next)
     return false;
 }
 
+void frmMain::mnuPack_Click()
+{
+    const auto answer = m_shared.desktop.askYesNo(
+        u"Do you wish to compact the Obelmark Program database?"_s, u"Compact Database"_s);
+    if (answer == Desktop::Answer::Yes)
+        emit packWanted();
+}
+
 void frmMain::mnuSort_Click(int index)
 {
     m_shared.SortOrder = qint16(index);
@@ -312,6 +325,20 @@ void frmMain::mnuRptOut_Click(int index)
     m_shared.OutputTarget = qint16(index);
 }
 
+void frmMain::mnuRptCustom_Click()
+{
+    m_shared.CustomUseWith = u"coin"_s;
+    try {
+        frmRptSpec &designer = m_windows.designer();
+        designer.setWindowState(designer.windowState() & ~Qt::WindowMinimized);
+        designer.show();
+        designer.raise();
+        designer.activateWindow();
+    } catch (const CatalogueError &error) {
+        m_shared.desktop.showMessage(error.message());
+    }
+}
+
 void frmMain::mnuHelp_Click(int index)
 {
     if (index == 1)
@@ -334,11 +361,6 @@ void frmMain::mnuAbout_Click()
 void frmMain::mnuExit_Click()
 {
     endProgram(m_shared);
-}
-
-void frmMain::sayNotAvailable(const QString &what)
-{
-    m_shared.desktop.showMessage(u"'%1' is not available yet."_s.arg(what));
 }
 
 } // namespace obelmark

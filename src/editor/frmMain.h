@@ -38,12 +38,18 @@ public:
     /// To be called once, before the window is shown.
     void Form_Load();
 
+    /// Closes CoinRecordset and CoinDatabase; an edit that has not been saved is dropped.
+    void Form_Unload();
+
     /// Enters the editing state when the editor is browsing; called by every change that the user makes.
     void MakingChange();
 
 signals:
     /// The window has been closed and has let go of the database.
     void unloaded();
+    /// The database is to be backed up, or packed, which needs this window unloaded.
+    void backupWanted();
+    void packWanted();
 
 protected:
     bool event(QEvent *event) override;
@@ -56,14 +62,16 @@ private:
     void connectButtons();
     void connectFields();
     void Form_Activate();
-    void Form_Unload();
+    void mnuPack_Click();
+    void mnuRptCustom_Click();
     void mnuSort_Click(int index);
     void mnuMaint_Click(int index);
     void mnuRptOut_Click(int index);
+    void connectReports();
+    void mnuRpt_Click(int index);
     void mnuHelp_Click(int index);
     void mnuAbout_Click();
     void mnuExit_Click();
-    void sayNotAvailable(const QString &what);
 
     // Display, navigation and editing (frmMainEditing.cpp)
     void ShowCoinRecord();
@@ -88,6 +96,8 @@ private:
     void cmdSoldSome_Click();
     void chkSold_Click();
     void chkWantList_Click();
+    void cmdPicture_Click();
+    void connectPictureWindow();
     void deletePicture(const QString &file);
     void returnToBrowsing();
 

@@ -5,11 +5,15 @@
 #include "editor/CoinFields.h"
 #include "editor/EntryWatch.h"
 #include "editor/LookupList.h"
+#include "editor/ProgramWindows.h"
 #include "editor/SoldSome.h"
 #include "editor/frmMain.h"
+#include "find/window/frmFind.h"
 #include "forms/Browsing.h"
 #include "forms/EditButtons.h"
+#include "pictures/NewPictureFile.h"
 #include "pictures/PictureFiles.h"
+#include "pictures/frmImage.h"
 #include "runtime/Numbers.h"
 #include "store/CoinFile.h"
 #include "store/ErrorHandling.h"
@@ -82,12 +86,24 @@ void frmMain::ShowCoinRecord()
     fillFields([&] {
         m_fields->showRow();
         m_shownCoinId = coins().value(u"coinid").toInt();
+        frmImage *image = m_windows.madeImage();
+        if (!image)
+            return;
+        image->setHasCoin(true);
+        if (image->isVisible())
+            image->showCoin(m_shownCoinId, frmImage::OldFile::Convert);
+        else
+            image->clear();
     });
 }
 
 void frmMain::ClearCoinFields()
 {
     fillFields([&] { m_fields->clear(); });
+    if (frmImage *image = m_windows.madeImage()) {
+        image->clear();
+        image->setHasCoin(true);
+    }
 }
 
 void frmMain::showEmptyTable()
@@ -99,6 +115,8 @@ void frmMain::showEmptyTable()
 void frmMain::DisableCoinFields()
 {
     m_fields->setEnabled(false);
+    if (frmImage *image = m_windows.madeImage())
+        image->setHasCoin(false);
 }
 
 void frmMain::EnableCoinFields()
@@ -167,7 +185,22 @@ void frmMain::cmdFind_Click()
         m_shared.desktop.showMessage(u"No coins entered to find."_s, u"No Coins in Database"_s);
         return;
     }
-    sayNotAvailable(u"Find"_s);
+    const QString shown = keyCriteria(coins().value(u"coinid").toInt());
+    m_shared.UseWith = u"coin"_s;
+    m_shared.FindCancelled = true;
+    try {
+        m_windows.find().showModal(*this);
+    } catch (const CatalogueError &error) {
+        m_shared.desktop.showMessage(error.message());
+    }
+    if (m_shared.FindCancelled)
+        coins().findFirst(shown);
+    if (coins().noMatch()) {
+        m_shared.desktop.showMessage(u"That coin was not found."_s, u"No Records Match"_s);
+        coins().findFirst(shown);
+    } else {
+        ShowCoinRecord();
+    }
 }
 
 void frmMain::cmdAddNew_Click()
@@ -255,6 +288,28 @@ void frmMain::cmdSoldSome_Click()
         ShowCoinRecord();
 }
 
+void frmMain::cmdPicture_Click()
+{
+    frmImage &image = m_windows.image();
+    connectPictureWindow();
+    image.setWindowState(image.windowState() & ~Qt::WindowMinimized);
+    image.show();
+    image.raise();
+    image.activateWindow();
+    const bool hasCoin = !coins().isEmpty();
+    image.setHasCoin(hasCoin);
+    if (hasCoin)
+        image.showCoin(coins().value(u"coinid").toInt(), frmImage::OldFile::Keep);
+    else
+        image.clear();
+}
+
+void frmMain::connectPictureWindow()
+{
+    if (const frmImage *image = m_windows.madeImage())
+        connect(image, &frmImage::changing, this, &frmMain::MakingChange, Qt::UniqueConnection);
+}
+
 void frmMain::deletePicture(const QString &file)
 {
     if (!file.isEmpty() && !QFile::remove(file))
@@ -291,7 +346,18 @@ bool frmMain::ValidateCoin()
 void frmMain::SaveCoinRecord()
 {
     m_fields->writeRow();
-    writeWithRetry(m_shared, [&] { coins().update(); });
+    qint64 key = 0;
+    std::unique_ptr<NewPictureFile> picture;
+    attempt(m_shared, [&] {
+        key = coins().value(u"coinid").toInt();
+        if (Adding)
+            setAsideStrayPictures(m_shared, key);
+        if (m_shared.PictureChanged)
+            picture = m_windows.image().writeNewPicture(key);
+    });
+    if (writeWithRetry(m_shared, [&] { coins().update(); }) && picture)
+        m_windows.image().placeNewPicture(*picture, key);
+    m_shared.PictureChanged = false;
 }
 
 void frmMain::chkSold_Click()

@@ -59,4 +59,14 @@ void HelpKey::showHelpFor(const QObject *object)
     }
 }
 
+void setHelpTopic(QWidget &window, int topic)
+{
+    window.setProperty("helpTopic", topic);
+    const auto widgets = window.findChildren<QWidget *>();
+    for (QWidget *widget : widgets) {
+        if (widget->property("helpTopic").isValid())
+            widget->setProperty("helpTopic", topic);
+    }
+}
+
 } // namespace obelmark

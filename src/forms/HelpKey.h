@@ -31,4 +31,7 @@ private:
     const QString &m_helpFile;
 };
 
+/// Gives every widget of the window that has a topic, and the window itself, this one.
+void setHelpTopic(QWidget &window, int topic);
+
 } // namespace obelmark

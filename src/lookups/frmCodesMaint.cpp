@@ -75,7 +75,7 @@ void frmCodesMaint::Form_Load()
         keepPlaceWhenHidden(widget);
         widget->setVisible(Mode.hasSellerFields);
     }
-    setHelpTopic(Mode.helpTopic);
+    setHelpTopic(*this, Mode.helpTopic);
     makeDefault(m_ui->cmdOk);
     ShowBrowseButtons();
     run([&] {
@@ -132,16 +132,6 @@ Dynaset &frmCodesMaint::entries()
     if (!m_entries)
         throw runtimeError(ObjectNotSet);
     return *m_entries;
-}
-
-void frmCodesMaint::setHelpTopic(int topic)
-{
-    setProperty("helpTopic", topic);
-    const auto widgets = findChildren<QWidget *>();
-    for (QWidget *widget : widgets) {
-        if (widget->property("helpTopic").isValid())
-            widget->setProperty("helpTopic", topic);
-    }
 }
 
 void frmCodesMaint::makeDefault(QPushButton *button)

@@ -73,7 +73,6 @@ private:
     void run(const std::function<void()> &procedure);
     void openEntries();
     Dynaset &entries();
-    void setHelpTopic(int topic);
     void makeDefault(QPushButton *button);
     void browseTo(Move direction);
     void showCurrentRow();

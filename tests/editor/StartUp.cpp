@@ -9,7 +9,7 @@ using namespace obelmark;
 
 namespace {
 
-enum class File { Missing, ZeroBytes, Garbage, InUse };
+enum class File { Missing, Renamed, ZeroBytes, Garbage, InUse };
 
 }
 Q_DECLARE_METATYPE(File)
@@ -52,6 +52,7 @@ private slots:
         QTest::addColumn<File>("file");
         QTest::addColumn<QString>("message");
         QTest::newRow("missing") << File::Missing << u"3024  Could not find file '%1'."_s;
+        QTest::newRow("only the one before packing") << File::Renamed << u"3024  Could not find file '%1'."_s;
         QTest::newRow("zero bytes") << File::ZeroBytes << u"3343  Unrecognized database format '%1'."_s;
         QTest::newRow("garbage") << File::Garbage << u"3343  Unrecognized database format '%1'."_s;
         QTest::newRow("in use") << File::InUse
@@ -67,6 +68,13 @@ private slots:
         QByteArray content;
         if (file == File::InUse) {
             other = Database::open(path, Database::Access::Exclusive, {});
+        } else if (file == File::Renamed) {
+            const QString old = QDir::currentPath() + u"/Coindb.bak"_s;
+            QVERIFY(QFile::rename(path, old));
+            e.desktop.expectMessage(
+                u"The database file is missing, but the database as it was before it was last compacted is "
+                "in the file '%1'.  To go on with that one, make a copy of it with the name '%2'."_s.arg(old,
+                                                                                                      path));
         } else {
             QVERIFY(QFile::remove(path));
             content = file == File::Garbage ? QByteArray("not a database, ").repeated(1000) : QByteArray();
@@ -77,7 +85,7 @@ private slots:
         e.desktop.expectMessage(message.contains(u"%1"_s) ? message.arg(path) : message);
         QVERIFY_THROWS_EXCEPTION(ProgramEnded, e.start());
         QCOMPARE(e.desktop.problems(), QStringList());
-        QCOMPARE(QFile::exists(path), file != File::Missing);
+        QCOMPARE(QFile::exists(path), file != File::Missing && file != File::Renamed);
         if (file == File::ZeroBytes || file == File::Garbage) {
             QFile untouched(path);
             QVERIFY(untouched.open(QIODevice::ReadOnly));
@@ -96,7 +104,11 @@ private slots:
             if (!name.startsWith(u"mnu") || action->isSeparator() || action->menu() || name == u"mnuExit")
                 continue;
             QVERIFY2(action->property("helpTopic").toInt() > 0, qPrintable(name));
-            action->trigger();
+            // The grouped reports first ask for the group.
+            if (name.startsWith(u"mnuRpt_") && name != u"mnuRpt_1")
+                QVERIFY(gui::withDialog([action] { action->trigger(); }, [](QWidget &) {}));
+            else
+                action->trigger();
             ++asked;
         }
         QCOMPARE(asked, 32);
@@ -112,7 +124,7 @@ private slots:
         QCOMPARE(maintained, 7);
         for (const auto &call : e.desktop.calls()) {
             if (call.kind == ScriptedDesktop::Kind::Message)
-                QVERIFY2(call.text.endsWith(u" is not available yet."), qPrintable(call.text));
+                QVERIFY2(!call.text.contains(u"not available"), qPrintable(call.text));
         }
     }
 };

@@ -1,0 +1,51 @@
+#include "editor/Program.h"
+
+#include "backup/Packing.h"
+#include "backup/window/frmBackup.h"
+#include "common/SharedState.h"
+#include "desktop/Desktop.h"
+#include "editor/frmMain.h"
+
+namespace obelmark {
+
+Program::Program(SharedState &shared, ProgramWindows &windows) : m_shared(shared), m_windows(windows) {}
+
+Program::~Program() = default;
+
+void Program::showMainWindow()
+{
+    m_window = std::make_unique<frmMain>(m_shared, m_windows);
+    connect(m_window.get(), &frmMain::unloaded, this, &Program::ended);
+    // Queued: the window cannot go while it is still carrying out the click on its menu.
+    connect(m_window.get(), &frmMain::backupWanted, this, &Program::backUp, Qt::QueuedConnection);
+    connect(m_window.get(), &frmMain::packWanted, this, &Program::pack, Qt::QueuedConnection);
+    m_window->Form_Load();
+    m_window->show();
+}
+
+void Program::backUp()
+{
+    withoutMainWindow([this] { frmBackup(m_shared).exec(); });
+}
+
+void Program::pack()
+{
+    m_shared.desktop.setHourglass(true);
+    withoutMainWindow([this] { packDatabase(m_shared); });
+    m_shared.desktop.setHourglass(false);
+}
+
+void Program::withoutMainWindow(const std::function<void()> &work)
+{
+    const QRect place = m_window->geometry();
+    const Qt::WindowStates state = m_window->windowState();
+    m_window->Form_Unload();
+    m_window->hide();
+    m_window.reset();
+    work();
+    showMainWindow();
+    m_window->setGeometry(place);
+    m_window->setWindowState(state);
+}
+
+} // namespace obelmark

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <memory>
+
+namespace obelmark {
+
+class frmMain;
+struct ProgramWindows;
+struct SharedState;
+
+/// The program as it runs: one main window, which makes room while the database file is worked on as a whole
+/// and is opened anew afterwards, on the first coin and with every choice at its default.
+class Program : public QObject
+{
+    Q_OBJECT
+public:
+    Program(SharedState &shared, ProgramWindows &windows);
+    ~Program() override;
+
+    void showMainWindow();
+    /// Null while the database is being worked on.
+    frmMain *mainWindow() const { return m_window.get(); }
+
+signals:
+    /// The user has closed the main window.
+    void ended();
+
+private:
+    void backUp();
+    void pack();
+    void withoutMainWindow(const std::function<void()> &work);
+
+    SharedState &m_shared;
+    ProgramWindows &m_windows;
+    std::unique_ptr<frmMain> m_window;
+};
+
+} // namespace obelmark

@@ -1,0 +1,281 @@
+#include "EditorFixture.h"
+#include "pictures/PictureView.h"
+#include "pictures/frmImage.h"
+#include <QClipboard>
+#include <QDir>
+#include <QFile>
+#include <QMimeData>
+
+using namespace obelmark;
+
+namespace {
+
+const QString filter =
+    u"All Picture Files|*.bmp;*.dib;*.gif;*.jpg;*.wmf;*.emf;*.ico;*.cur|Bitmaps (*.bmp,*.bid)|*.bmp;*.bid|"
+    "GIF Images (*.gif)|*.gif|JPEG Images (*.jpg)|*.jpg|Metafiles (*.wmf,*.emf)|*.wmf;*.emf|"
+    "Icons (*.ico,*.cur)|*.ico;*.cur|All Files (*.*)|*.*"_s;
+
+QImage plain(int width, QColor colour = Qt::red)
+{
+    QImage image(width, 10, QImage::Format_RGB32);
+    image.fill(colour);
+    return image;
+}
+
+/// The editor on coins 1 to 3, with the picture window.
+class PictureFixture : public EditorFixture
+{
+public:
+    explicit PictureFixture(
+        const QString &sql =
+            u"insert into Coin (coinid, descr, quantity) values (1, 'a', 1), (2, 'b', 1), (3, 'c', 1)"_s)
+        : EditorFixture(sql)
+    {
+        QDir(collection.folder()).mkdir(u"images"_s);
+    }
+
+    QString pathOf(const QString &name) const { return collection.folder() + u"images/"_s + name; }
+    QStringList files() const { return QDir(pathOf({})).entryList(QDir::Files | QDir::Hidden, QDir::Name); }
+    int widthOf(const QString &name) const { return QImage(pathOf(name)).width(); }
+
+    void openPicture()
+    {
+        press(u"cmdPicture");
+        QVERIFY(gui::activate(image()));
+        QVERIFY(gui::activate(*window));
+    }
+    frmImage &image() const { return *windows->madeImage(); }
+    const PictureView &view() const { return gui::find<PictureView>(image(), u"Image1"_s); }
+    int shownWidth() const { return view().picture().size().width(); }
+    void pressOn(const QString &button) const
+    {
+        QVERIFY(gui::activate(image()));
+        QVERIFY(gui::click(gui::find<QPushButton>(image(), button)));
+        QTest::qWait(1);
+        QVERIFY(gui::activate(*window));
+    }
+    void paste(const QImage &picture) const
+    {
+        QGuiApplication::clipboard()->setImage(picture);
+        pressOn(u"cmdPicPaste"_s);
+    }
+    QString failure(const QString &name) const
+    {
+        return u"Failed to save the picture to the file: '%1'"_s.arg(pathOf(name));
+    }
+};
+
+} // namespace
+
+class PicturesTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void loadedPictureIsSavedWithItsCoin()
+    {
+        PictureFixture e;
+        const QString source = e.collection.folder() + u"scan.png"_s;
+        QVERIFY(plain(30).save(source));
+        QVERIFY(QFile(e.pathOf(u"00000001.gif"_s)).open(QIODevice::WriteOnly));
+        e.start();
+        e.openPicture();
+        QCOMPARE(e.shownWidth(), 0); // what cannot be read is no picture
+        e.desktop.answerOpenFile(filter, source);
+        e.pressOn(u"cmdPicLoad"_s);
+        QVERIFY(e.isEditing());
+        QVERIFY(e.shared->PictureChanged);
+        QCOMPARE(e.shownWidth(), 30);
+        QVERIFY(QFile::remove(source)); // the picture is in the window now
+        e.pressOn(u"cmdClose"_s);
+        QVERIFY(!e.image().isVisible());
+        e.press(u"cmdUpdate");
+        QCOMPARE(e.files(), QStringList(u"00000001.jpg"_s));
+        QCOMPARE(e.widthOf(u"00000001.jpg"_s), 30);
+        QVERIFY(!e.shared->PictureChanged);
+        QVERIFY(e.isBrowsing());
+        QCOMPARE(e.desktop.problems(), QStringList());
+    }
+
+    void pictureOfANewCoin()
+    {
+        PictureFixture e;
+        e.start();
+        e.openPicture();
+        QVERIFY(plain(99).save(e.pathOf(u"00000004.jpg"_s))); // of nobody: the next coin has that key
+        e.press(u"cmdAddNew");
+        e.typeInto(u"txtDescr", u"d"_s);
+        e.paste(plain(40));
+        QVERIFY(e.isAdding());
+        e.press(u"cmdAddNew");
+        QCOMPARE(e.shownWidth(), 0); // the next one has none yet
+        e.typeInto(u"txtDescr", u"e"_s);
+        e.press(u"cmdUpdate");
+        QCOMPARE(e.files(), QStringList({u"00000004.jpg"_s, u"unclaimed-00000004.jpg"_s}));
+        QCOMPARE(e.widthOf(u"00000004.jpg"_s), 40);
+        e.press(u"cmdPrevious");
+        QCOMPARE(e.shownWidth(), 40);
+        QCOMPARE(e.desktop.problems(), QStringList());
+    }
+
+    // A picture that was not saved goes to no coin, whether the window is open or not.
+    void cancelledPictureIsDropped_data()
+    {
+        QTest::addColumn<bool>("open");
+        QTest::newRow("window open") << true;
+        QTest::newRow("window closed") << false;
+    }
+    void cancelledPictureIsDropped()
+    {
+        QFETCH(bool, open);
+        PictureFixture e;
+        e.start();
+        e.openPicture();
+        e.paste(plain(30));
+        if (!open)
+            e.pressOn(u"cmdClose"_s);
+        e.press(u"cmdCancel");
+        QVERIFY(!e.shared->PictureChanged);
+        e.typeInto(u"txtDescr", u"changed"_s);
+        e.press(u"cmdUpdate");
+        QCOMPARE(e.files(), QStringList());
+    }
+
+    void pasteOfNoPicture()
+    {
+        PictureFixture e;
+        QVERIFY(plain(30).save(e.pathOf(u"00000001.jpg"_s)));
+        QFile file(e.pathOf(u"00000001.jpg"_s));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray before = file.readAll();
+        e.start();
+        e.openPicture();
+        QGuiApplication::clipboard()->setText(u"no picture"_s);
+        e.pressOn(u"cmdPicPaste"_s);
+        QVERIFY(e.isEditing());
+        QVERIFY(e.shared->PictureChanged);
+        e.press(u"cmdUpdate");
+        QFile after(file.fileName());
+        QVERIFY(after.open(QIODevice::ReadOnly));
+        QCOMPARE(after.readAll(), before);
+        e.pressOn(u"cmdPicCopy"_s);
+        QCOMPARE(QGuiApplication::clipboard()->image().size(), QSize(30, 10));
+        QVERIFY(e.isBrowsing());
+    }
+
+    // The Picture button shows a ".bmp" as it is; a display of its coin makes it a JPEG file.
+    void oldBitmapIsConverted()
+    {
+        PictureFixture e;
+        QVERIFY(plain(30).save(e.pathOf(u"00000002.bmp"_s)));
+        QVERIFY(plain(50).save(e.pathOf(u"00000003.BMP"_s), "bmp"));
+        e.start();
+        e.press(u"cmdNext"); // not shown, not converted
+        e.openPicture();
+        QCOMPARE(e.shownWidth(), 30);
+        QCOMPARE(e.files().first(), u"00000002.bmp"_s);
+        e.press(u"cmdNext");
+        QCOMPARE(e.shownWidth(), 50);
+        e.press(u"cmdPrevious");
+        QCOMPARE(e.shownWidth(), 30);
+        QCOMPARE(e.files(), QStringList({u"00000002.jpg"_s, u"00000003.BMP"_s}));
+        QCOMPARE(e.widthOf(u"00000002.jpg"_s), 30);
+        e.press(u"cmdPrevious");
+        QCOMPARE(e.shownWidth(), 0);
+    }
+
+    // A folder of that name is in the way.
+    void unwritablePicture()
+    {
+        PictureFixture e;
+        QVERIFY(plain(30).save(e.pathOf(u"00000001.bmp"_s)));
+        QVERIFY(QDir(e.pathOf({})).mkdir(u"00000001.jpg"_s));
+        e.start();
+        e.openPicture();
+        e.press(u"cmdNext");
+        e.desktop.expectMessage(e.failure(u"00000001.jpg"_s), u"Obelmark"_s, Icon::Exclamation);
+        e.press(u"cmdFirst");
+        QCOMPARE(e.shownCoin(), u"a"_s);
+        QCOMPARE(e.shownWidth(), 30);
+        QCOMPARE(e.files(), QStringList(u"00000001.bmp"_s));
+
+        e.paste(plain(40));
+        e.typeInto(u"txtDescr", u"a2"_s);
+        for (int i = 0; i < 2; ++i) // of the save, and of the display after it
+            e.desktop.expectMessage(e.failure(u"00000001.jpg"_s), u"Obelmark"_s, Icon::Exclamation);
+        e.press(u"cmdUpdate");
+        QCOMPARE(e.desktop.problems(), QStringList());
+        QCOMPARE(e.shownCoin(), u"a2"_s);
+        QCOMPARE(e.files(), QStringList(u"00000001.bmp"_s));
+    }
+
+    void refusedFile_data()
+    {
+        QTest::addColumn<std::optional<QString>>("answer");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("cancelled") << std::optional<QString>() << QString();
+        QTest::newRow("not there") << std::optional(u"none.jpg"_s) << u"File not found."_s;
+        QTest::newRow("no picture")
+            << std::optional(u"coin.mdb"_s)
+            << u"The picture file 'coin.mdb' could not be read: it is no picture of a known kind."_s;
+    }
+    void refusedFile()
+    {
+        QFETCH(std::optional<QString>, answer);
+        QFETCH(QString, message);
+        PictureFixture e;
+        QVERIFY(plain(30).save(e.pathOf(u"00000001.jpg"_s)));
+        e.start();
+        e.openPicture();
+        e.desktop.answerOpenFile(filter, answer);
+        if (!message.isEmpty())
+            e.desktop.expectMessage(message);
+        e.pressOn(u"cmdPicLoad"_s);
+        QCOMPARE(e.desktop.problems(), QStringList());
+        QVERIFY(!e.shared->PictureChanged);
+        QVERIFY(e.isBrowsing());
+        QCOMPARE(e.shownWidth(), 30);
+    }
+
+    void droppedFile()
+    {
+        PictureFixture e;
+        e.start();
+        e.openPicture();
+        const QString path = e.collection.folder() + u"scan.png"_s;
+        QVERIFY(plain(30).save(path));
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(path)});
+        QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&e.image(), &enter);
+        QVERIFY(enter.isAccepted());
+        QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&e.image(), &drop);
+        QVERIFY(gui::waitUntil([&] { return e.isEditing(); }, "editing"));
+        QCOMPARE(e.shownWidth(), 30);
+    }
+
+    // The last coin goes with its picture; without coins there is nothing to give one to.
+    void deletedCoin()
+    {
+        PictureFixture e(u"insert into Coin (coinid, descr, quantity) values (5, 'a', 1)"_s);
+        QVERIFY(plain(30).save(e.pathOf(u"00000005.png"_s)));
+        QVERIFY(plain(30).save(e.pathOf(u"00000006.png"_s)));
+        e.start();
+        e.openPicture();
+        QCOMPARE(e.shownWidth(), 30);
+        e.desktop.answerYesNo(u"Are you sure that you want to delete this Coin record?"_s, u"Delete Coin"_s,
+                              Answer::Yes);
+        e.press(u"cmdDelete");
+        QCOMPARE(e.files(), QStringList(u"00000006.png"_s));
+        QCOMPARE(e.shownWidth(), 0);
+        for (const auto *button : {u"cmdPicLoad", u"cmdPicPaste"})
+            QVERIFY(!gui::find<QPushButton>(e.image(), QString::fromUtf16(button)).isEnabled());
+        e.openPicture();
+        e.pressOn(u"cmdPicCopy"_s);
+        QVERIFY(e.isBrowsing());
+        QCOMPARE(e.desktop.problems(), QStringList());
+    }
+};
+
+QTEST_MAIN(PicturesTest)
+#include "Pictures.moc"

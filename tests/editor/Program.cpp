@@ -1,0 +1,162 @@
+#include "editor/Program.h"
+#include "EditorFixture.h"
+#include "backup/window/frmBackup.h"
+#include "lookups/frmCodesMaint.h"
+#include <QApplication>
+#include <QComboBox>
+#include <QSignalSpy>
+
+using namespace obelmark;
+
+namespace {
+
+const QString packQuestion = u"Do you wish to compact the Obelmark Program database?"_s;
+const QString packTitle = u"Compact Database"_s;
+const QString closedDatabase =
+    u"An error has occurred.  You may have forgotten to close a window before packing or backing up the "
+    "program's database.  Please rerun the program."_s;
+const QString backupFailed = u"Backup could not be Performed.  Make sure a formatted disk with sufficient "
+                             u"free space is in the selected "
+                             "drive."_s;
+
+/// The program away from its first coin, with choices made and an edit not saved.
+struct RunningProgram
+{
+    RunningProgram()
+    {
+        collection.exec(u"insert into Coin (descr, catnum, pricepaid) values ('Alpha', '9', 25000), ('Beta', "
+                        "'5', 0)"_s);
+        shared.emplace(desktop, RegionalSettings(QLocale(u"en_US"_s)));
+        windows.emplace(*shared);
+        program.emplace(*shared, *windows);
+        program->showMainWindow();
+        gui::activate(main());
+        gui::trigger(main(), u"mnuSort_2"_s);
+        gui::trigger(main(), u"mnuRptOut_3"_s);
+        gui::find<QTabWidget>(main(), u"Tab1"_s).setCurrentIndex(1);
+        gui::focusByMouse(gui::find<QLineEdit>(main(), u"txtPricePaid"_s));
+        gui::type(u"not a price"_s);
+    }
+    frmMain &main() const { return *program->mainWindow(); }
+    QString shown(const QString &field) const { return gui::find<QLineEdit>(main(), field).text(); }
+    bool isChecked(const QString &item) const { return gui::find<QAction>(main(), item).isChecked(); }
+
+    TestCollection collection;
+    ScriptedDesktop desktop;
+    std::optional<SharedState> shared;
+    std::optional<ProgramWindows> windows;
+    std::optional<Program> program;
+};
+
+} // namespace
+
+class ProgramTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void worksOnTheFileWithoutTheMainWindow_data()
+    {
+        QTest::addColumn<QString>("drive"); // a folder in that of the collection
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<QString>("message");
+        QTest::addColumn<QString>("made");
+        const QString packFailed = u"The database could not be compacted.  The database is as it was.\n\n75  "
+                                   "%1Coinnew.mdb: Is a directory"_s;
+        QTest::newRow("backup") << u"drive"_s << u"cmdOk"_s << QString() << u"drive/coin.mdb"_s;
+        QTest::newRow("backup cancelled") << u"drive"_s << u"cmdCancel"_s << QString() << QString();
+        QTest::newRow("backup onto itself") << u"."_s << u"cmdOk"_s << backupFailed << QString();
+        QTest::newRow("backup without a drive") << QString() << u"cmdOk"_s << backupFailed << QString();
+        QTest::newRow("pack") << QString() << QString() << QString() << u"Coindb.bak"_s;
+        QTest::newRow("pack that fails") << QString() << QString() << packFailed << QString();
+    }
+    void worksOnTheFileWithoutTheMainWindow()
+    {
+        QFETCH(QString, drive);
+        QFETCH(QString, button);
+        QFETCH(QString, message);
+        QFETCH(QString, made);
+        RunningProgram p;
+        const QString folder = p.shared->AppFolder;
+        QSignalSpy ended(&*p.program, &Program::ended);
+        QVERIFY(QDir().mkdir(u"drive"_s));
+        if (!drive.isEmpty())
+            p.desktop.setDrives({{drive, folder + drive, 1, true}});
+        const QPointer<frmMain> before = p.program->mainWindow();
+        const auto choose = [&](const QString &item) {
+            gui::trigger(p.main(), item);
+            gui::waitUntil([&] { return !before && p.program->mainWindow(); }, "main window opened anew");
+        };
+        if (button.isEmpty()) {
+            p.desktop.answerYesNo(packQuestion, packTitle, Answer::Yes);
+            if (!message.isEmpty()) {
+                QVERIFY(QDir().mkdir(u"Coinnew.mdb"_s));
+                p.desktop.expectMessage(message.arg(folder), packTitle);
+            }
+            choose(u"mnuPack"_s);
+        } else {
+            if (!message.isEmpty())
+                p.desktop.expectMessage(message);
+            QVERIFY(gui::withDialog([&] { choose(u"mnuBackup"_s); },
+                                    [&](QWidget &dialog) {
+                                        QVERIFY(!p.program->mainWindow() && !p.shared->CoinDatabase);
+                                        gui::click(gui::find<QPushButton>(dialog, button));
+                                        QVERIFY(!dialog.isVisible());
+                                    }));
+        }
+        QCOMPARE(p.desktop.problems(), QStringList());
+        QVERIFY(!p.desktop.hourglass());
+        QVERIFY(p.main().isVisible());
+        QCOMPARE(p.shown(u"txtDescr"_s), u"Alpha"_s);
+        QCOMPARE(p.shown(u"txtPricePaid"_s), u"$2.50"_s);
+        QVERIFY(p.isChecked(u"mnuSort_1"_s) && p.shared->SortOrder == 1);
+        QVERIFY(p.isChecked(u"mnuRptOut_1"_s) && p.shared->OutputTarget == 1);
+        QCOMPARE(QFile::exists(u"Coindb.bak"_s), made == "Coindb.bak"_L1);
+        QCOMPARE(QFile::exists(u"drive/coin.mdb"_s), made == "drive/coin.mdb"_L1);
+        QCOMPARE(ended.size(), 0);
+        p.main().close();
+        QCOMPARE(ended.size(), 1);
+        QCOMPARE(p.collection.query(u"select descr, pricepaid from Coin where coinid = 1"_s),
+                 QStringList(u"Alpha|25000"_s));
+    }
+
+    void firstRemovableDriveIsProposed()
+    {
+        RunningProgram p;
+        p.desktop.setDrives({{QString(), u"/"_s, 5'368'709'120, false},
+                             {u"STICK"_s, u"/media/me/STICK"_s, 1'500'000, true},
+                             {u"CARD"_s, u"/media/me/CARD"_s, 0, true}});
+        QVERIFY(gui::withDialog([&] { frmBackup(*p.shared).exec(); },
+                                [](QWidget &window) {
+                                    auto &drives = gui::find<QComboBox>(window, u"Drive1"_s);
+                                    QCOMPARE(drives.currentText(),
+                                             u"STICK (/media/me/STICK), 1.4 MiB free"_s);
+                                    QCOMPARE(drives.itemText(0), u"/, 5.0 GiB free"_s);
+                                    gui::press(Qt::Key_F1);
+                                }));
+        QCOMPARE(p.desktop.calls().last().topic, 56);
+    }
+
+    void windowLeftOpen()
+    {
+        RunningProgram p;
+        p.shared->CodesMode = 3;
+        frmCodesMaint countries(*p.shared);
+        countries.setAttribute(Qt::WA_DeleteOnClose, false);
+        QVERIFY(gui::activate(countries) && gui::activate(p.main()));
+        const QPointer<frmMain> before = p.program->mainWindow();
+        for (const Answer answer : {Answer::No, Answer::Yes}) {
+            QCOMPARE(p.program->mainWindow(), before);
+            p.desktop.answerYesNo(packQuestion, packTitle, answer);
+            gui::trigger(p.main(), u"mnuPack"_s);
+            QTest::qWait(1);
+        }
+        QVERIFY(gui::waitUntil([&] { return !before && p.program->mainWindow(); }, "packed"));
+        QVERIFY(gui::activate(countries));
+        p.desktop.expectMessage(closedDatabase);
+        QVERIFY_THROWS_EXCEPTION(ProgramEnded, gui::find<QPushButton>(countries, u"cmdNext"_s).click());
+        QCOMPARE(p.desktop.problems(), QStringList());
+    }
+};
+
+QTEST_MAIN(ProgramTest)
+#include "Program.moc"
