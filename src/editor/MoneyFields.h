@@ -1,6 +1,6 @@
 #pragma once
 
-#include "editor/EntryWatch.h"
+#include "forms/EntryWatch.h"
 #include <QObject>
 #include <vector>
 

@@ -1,7 +1,7 @@
 #include "editor/Program.h"
 
 #include "backup/Packing.h"
-#include "backup/window/frmBackup.h"
+#include "backup/windows/frmBackup.h"
 #include "common/SharedState.h"
 #include "desktop/Desktop.h"
 #include "editor/frmMain.h"

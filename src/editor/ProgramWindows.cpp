@@ -2,7 +2,7 @@
 
 #include "common/SharedState.h"
 #include "custom_reports/windows/frmRptSpec.h"
-#include "find/window/frmFind.h"
+#include "find/windows/frmFind.h"
 #include "pictures/frmImage.h"
 
 namespace obelmark {

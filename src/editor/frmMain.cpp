@@ -10,7 +10,6 @@
 #include "dates/IssueDate.h"
 #include "desktop/Desktop.h"
 #include "editor/CoinFields.h"
-#include "editor/EntryWatch.h"
 #include "editor/LookupList.h"
 #include "editor/LookupLists.h"
 #include "editor/MoneyFields.h"
@@ -18,6 +17,7 @@
 #include "editor/frmAbout.h"
 #include "forms/AccessKeys.h"
 #include "forms/EditButtons.h"
+#include "forms/EntryWatch.h"
 #include "forms/HelpKey.h"
 #include "lookups/frmCodesMaint.h"
 #include "old_collections/TakeOver.h"
@@ -29,8 +29,10 @@
 #include <QActionGroup>
 #include <QCloseEvent>
 #include <QDir>
+#include <QLabel>
 #include <QScopeGuard>
 #include <QScreen>
+#include <QStatusBar>
 
 namespace obelmark {
 
@@ -81,7 +83,7 @@ frmMain::frmMain(SharedState &shared, ProgramWindows &windows)
     resize(size().boundedTo(screen()->availableSize()));
     m_fields = std::make_unique<CoinFields>(*this, shared);
     m_buttons = std::make_unique<EditButtons>(*this, QList{m_ui->cmdPicture, m_ui->cmdSoldSome});
-    m_watch = new EntryWatch(shared, *this);
+    m_watch = new EntryWatch(*this, shared.desktop, [&shared](const auto &rule) { attempt(shared, rule); });
     new MoneyFields(*this, *m_fields, *m_watch, shared);
     connectFields();
     connectButtons();
@@ -93,6 +95,11 @@ frmMain::~frmMain() = default;
 
 void frmMain::connectFields()
 {
+    m_position = new QLabel(this);
+    m_position->setObjectName(u"lblPosition"_s);
+    statusBar()->addWidget(m_position);
+    m_positionTimer.setSingleShot(true);
+    connect(&m_positionTimer, &QTimer::timeout, this, [this] { run([&] { showPosition(); }); });
     m_fields->onChange(this, [this] { MakingChange(); });
     // What never takes input looks like the page, not like a field.
     for (QLineEdit *total : {m_ui->txtTotalPaid, m_ui->txtTotalVal, m_ui->txtTotalSales}) {
@@ -232,6 +239,7 @@ void frmMain::Form_Activate()
 
 void frmMain::Form_Unload()
 {
+    m_positionTimer.stop();
     if (frmImage *image = m_windows.madeImage()) {
         image->clear();
         image->setHasCoin(false);
@@ -294,8 +302,8 @@ bool frmMain::focusNextPrevChild(bool next)
 
 void frmMain::mnuPack_Click()
 {
-    const auto answer = m_shared.desktop.askYesNo(
-        u"Do you wish to compact the Obelmark Program database?"_s, u"Compact Database"_s);
+    const auto answer = m_shared.desktop.askYesNo(u"Do you wish to compact the Obelmark Program database?"_s,
+                                                  u"Compact Database"_s);
     if (answer == Desktop::Answer::Yes)
         emit packWanted();
 }

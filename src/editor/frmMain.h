@@ -2,10 +2,11 @@
 
 #include <QMainWindow>
 #include <QPointer>
+#include <QTimer>
 #include <functional>
 #include <memory>
 
-class QAbstractButton;
+class QLabel;
 
 namespace obelmark {
 
@@ -75,6 +76,7 @@ private:
 
     // Display, navigation and editing (frmMainEditing.cpp)
     void ShowCoinRecord();
+    void showPosition();
     void ClearCoinFields();
     void showEmptyTable();
     void DisableCoinFields();
@@ -115,6 +117,10 @@ private:
     std::unique_ptr<EditButtons> m_buttons;
     EntryWatch *m_watch = nullptr;
     QPointer<frmAbout> m_about;
+
+    /// Shows the place in the collection when everything else is on the screen: it may have to be counted.
+    QTimer m_positionTimer;
+    QLabel *m_position = nullptr;
 
     bool Editing = false;
     bool Adding = false;

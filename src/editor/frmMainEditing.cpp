@@ -3,14 +3,14 @@
 #include "dates/DateField.h"
 #include "desktop/Desktop.h"
 #include "editor/CoinFields.h"
-#include "editor/EntryWatch.h"
 #include "editor/LookupList.h"
 #include "editor/ProgramWindows.h"
 #include "editor/SoldSome.h"
 #include "editor/frmMain.h"
-#include "find/window/frmFind.h"
+#include "find/windows/frmFind.h"
 #include "forms/Browsing.h"
 #include "forms/EditButtons.h"
+#include "forms/EntryWatch.h"
 #include "pictures/NewPictureFile.h"
 #include "pictures/PictureFiles.h"
 #include "pictures/frmImage.h"
@@ -19,6 +19,7 @@
 #include "store/ErrorHandling.h"
 #include "ui_frmMain.h"
 #include <QFile>
+#include <QLabel>
 #include <QScopeGuard>
 
 namespace obelmark {
@@ -86,6 +87,7 @@ void frmMain::ShowCoinRecord()
     fillFields([&] {
         m_fields->showRow();
         m_shownCoinId = coins().value(u"coinid").toInt();
+        m_positionTimer.start(0);
         frmImage *image = m_windows.madeImage();
         if (!image)
             return;
@@ -97,8 +99,21 @@ void frmMain::ShowCoinRecord()
     });
 }
 
+void frmMain::showPosition()
+{
+    QString text;
+    if (Adding)
+        text = u"New coin"_s;
+    else if (coins().isEmpty())
+        text = u"No coins"_s;
+    else if (const qint64 position = coins().position())
+        text = u"Coin %L1 of %L2"_s.arg(position).arg(coins().recordCount());
+    m_position->setText(text);
+}
+
 void frmMain::ClearCoinFields()
 {
+    m_positionTimer.start(0);
     fillFields([&] { m_fields->clear(); });
     if (frmImage *image = m_windows.madeImage()) {
         image->clear();

@@ -1,7 +1,5 @@
-#include "editor/EntryWatch.h"
+#include "forms/EntryWatch.h"
 
-#include "common/SharedState.h"
-#include "store/ErrorHandling.h"
 #include <QApplication>
 #include <QFocusEvent>
 #include <QLineEdit>
@@ -9,6 +7,7 @@
 #include <QScopedValueRollback>
 #include <QTabWidget>
 #include <QWidget>
+#include <utility>
 
 namespace obelmark {
 
@@ -29,8 +28,8 @@ bool isUserInput(QEvent::Type type)
 
 } // namespace
 
-EntryWatch::EntryWatch(SharedState &shared, QWidget &window)
-    : QObject(&window), m_shared(shared), m_window(window)
+EntryWatch::EntryWatch(QWidget &window, Desktop &desktop, Runner runner)
+    : QObject(&window), m_window(window), m_desktop(desktop), m_run(std::move(runner))
 {
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) { followFocus(now); });
 }
@@ -138,7 +137,9 @@ void EntryWatch::leave()
 
 void EntryWatch::refuse(QWidget *field, const Refusal &refusal)
 {
-    m_shared.desktop.showMessage(refusal.text, QString::fromUtf16(applicationTitle), refusal.icon);
+    m_desktop.showMessage(refusal.text, QString::fromUtf16(applicationTitle), refusal.icon);
+    if (!refusal.focusBack)
+        return;
     // The field that the focus comes back from has not been touched.
     const QScopedValueRollback returning(m_returning, true);
     focusField(field);
@@ -150,7 +151,7 @@ std::optional<EntryWatch::Refusal>
 EntryWatch::check(const std::function<std::optional<Refusal>()> &rule) const
 {
     std::optional<Refusal> refusal;
-    attempt(m_shared, [&] { refusal = rule(); });
+    m_run([&] { refusal = rule(); });
     return refusal;
 }
 

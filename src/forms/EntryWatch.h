@@ -10,8 +10,6 @@ class QWidget;
 
 namespace obelmark {
 
-struct SharedState;
-
 /// Watches the focus of entry fields: what happens when one is entered, and the check when the user leaves
 /// it. A refused value is told in a message box and the focus put back into its field.
 ///
@@ -27,6 +25,7 @@ public:
     {
         QString text;
         Desktop::Icon icon = Desktop::Icon::None;
+        bool focusBack = true; ///< into the field; else it stays where the user has put it
     };
     struct Rules
     {
@@ -37,9 +36,16 @@ public:
         std::function<std::optional<Refusal>()> onCommit;
     };
 
-    EntryWatch(SharedState &shared, QWidget &window);
+    /// Runs a rule and deals with its errors.
+    using Runner = std::function<void(const std::function<void()> &rule)>;
+
+    EntryWatch(QWidget &window, Desktop &desktop, Runner runner);
 
     void watch(QWidget *field, Rules rules);
+    void watch(QWidget *field, const std::function<std::optional<Refusal>()> &onLeave)
+    {
+        watch(field, Rules{{}, onLeave, {}});
+    }
 
     bool isRefusalPending() const { return m_pending; }
     /// Does for the field that has been entered and not left yet what leaving it would do. Answers false,
@@ -59,11 +65,11 @@ private:
     void enter(QWidget *field);
     void leave();
     void followFocus(QWidget *now);
-    /// Runs a rule; its errors go to the shared error handler.
     std::optional<Refusal> check(const std::function<std::optional<Refusal>()> &rule) const;
 
-    SharedState &m_shared;
     QWidget &m_window;
+    Desktop &m_desktop;
+    Runner m_run;
     QHash<QObject *, Rules> m_rules;
     QWidget *m_entered = nullptr; ///< the watched field that has been entered and not left yet
     bool m_pending = false;

@@ -59,6 +59,8 @@ private slots:
     {
         EditorFixture e(threeCoins);
         e.start();
+        const auto &position = e.the<QLabel>(u"lblPosition");
+        QTRY_COMPARE(position.text(), u"Coin 1 of 3"_s);
         e.press(u"cmdPrevious");
         QCOMPARE(e.shownCoin(), u"alpha"_s);
         QCOMPARE(e.desktop.beeps(), 1);
@@ -67,8 +69,10 @@ private slots:
         e.press(u"cmdNext");
         QCOMPARE(e.shownCoin(), u"Gamma"_s);
         QCOMPARE(e.desktop.beeps(), 2);
+        QTRY_COMPARE(position.text(), u"Coin 3 of 3"_s);
         e.press(u"cmdPrevious");
         QCOMPARE(e.shownCoin(), u"Beta"_s);
+        QTRY_COMPARE(position.text(), u"Coin 2 of 3"_s);
         e.press(u"cmdFirst");
         QCOMPARE(e.shownCoin(), u"alpha"_s);
         QCOMPARE(e.desktop.beeps(), 2);
@@ -114,10 +118,14 @@ private slots:
         e.press(u"cmdFind");
         QCOMPARE(e.desktop.problems(), QStringList());
         QCOMPARE(e.desktop.beeps(), 0);
+        const auto &position = e.the<QLabel>(u"lblPosition");
+        QTRY_COMPARE(position.text(), u"No coins"_s);
         e.press(u"cmdAddNew");
         QVERIFY(e.edit(u"txtDescr").isEnabled());
         QVERIFY(e.edit(u"txtDescr").hasFocus());
+        QTRY_COMPARE(position.text(), u"New coin"_s);
         e.press(u"cmdCancel");
+        QTRY_COMPARE(position.text(), u"No coins"_s);
         QVERIFY(!e.edit(u"txtDescr").isEnabled());
         QVERIFY(e.isBrowsing());
     }

@@ -1,6 +1,6 @@
 #include "editor/Program.h"
 #include "EditorFixture.h"
-#include "backup/window/frmBackup.h"
+#include "backup/windows/frmBackup.h"
 #include "lookups/frmCodesMaint.h"
 #include <QApplication>
 #include <QComboBox>

@@ -73,8 +73,8 @@ private slots:
             QVERIFY(QFile::rename(path, old));
             e.desktop.expectMessage(
                 u"The database file is missing, but the database as it was before it was last compacted is "
-                "in the file '%1'.  To go on with that one, make a copy of it with the name '%2'."_s.arg(old,
-                                                                                                      path));
+                "in the file '%1'.  To go on with that one, make a copy of it with the name '%2'."_s.arg(
+                    old, path));
         } else {
             QVERIFY(QFile::remove(path));
             content = file == File::Garbage ? QByteArray("not a database, ").repeated(1000) : QByteArray();

@@ -1,4 +1,4 @@
-#include "backup/window/frmBackup.h"
+#include "backup/windows/frmBackup.h"
 
 #include "backup/Backup.h"
 #include "backup/ShownProgress.h"

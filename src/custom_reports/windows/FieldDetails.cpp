@@ -13,9 +13,9 @@
 namespace obelmark {
 
 using namespace Qt::StringLiterals;
-using Refusal = FieldWatch::Refusal;
+using Refusal = EntryWatch::Refusal;
 
-FieldDetails::FieldDetails(Ui::frmRptSpec &ui, ReportDefinition &report, FieldWatch &watch,
+FieldDetails::FieldDetails(Ui::frmRptSpec &ui, ReportDefinition &report, EntryWatch &watch,
                            SharedState &shared)
     : m_ui(ui), m_report(report), m_shared(shared)
 {
@@ -30,7 +30,7 @@ FieldDetails::FieldDetails(Ui::frmRptSpec &ui, ReportDefinition &report, FieldWa
                      [this] { chooseDate(*m_ui.dcEndDate, u"Select End Date"_s); });
 }
 
-void FieldDetails::watchControls(FieldWatch &watch)
+void FieldDetails::watchControls(EntryWatch &watch)
 {
     const auto store = [&watch, this](QWidget *control, auto set) {
         watch.watch(control, [this, set]() -> std::optional<Refusal> {
@@ -166,7 +166,7 @@ std::optional<Refusal> FieldDetails::leaveWidth()
 {
     const auto width = singleFromText(m_ui.txtWidth->text(), m_shared.regional);
     if (!width)
-        return Refusal{u"You must enter a valid number for the column width"_s, false};
+        return Refusal{u"You must enter a valid number for the column width"_s, Desktop::Icon::None, false};
     if (FieldOptions *shown = options())
         shown->ColWidth = *width;
     if (*width == 0) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "custom_reports/windows/FieldWatch.h"
+#include "forms/EntryWatch.h"
 
 class QGroupBox;
 class QLineEdit;
@@ -22,7 +22,7 @@ class FieldDetails
 {
 public:
     /// \a report is the one on screen, whichever that is at the moment.
-    FieldDetails(Ui::frmRptSpec &ui, ReportDefinition &report, FieldWatch &watch, SharedState &shared);
+    FieldDetails(Ui::frmRptSpec &ui, ReportDefinition &report, EntryWatch &watch, SharedState &shared);
 
     /// Hides the criteria and empties every control.
     void clear();
@@ -31,7 +31,7 @@ public:
     void hide();
 
 private:
-    void watchControls(FieldWatch &watch);
+    void watchControls(EntryWatch &watch);
     void chooseDate(DateField &field, const QString &caption);
     QGroupBox *criteriaFrame() const;
     /// Of the field whose details are shown, also while it is no longer in the report; nullptr before there
@@ -40,10 +40,10 @@ private:
     void showTruth(bool isTrue, bool isFalse);
     QString spanText(Date value) const;
 
-    std::optional<FieldWatch::Refusal> leaveWidth();
-    std::optional<FieldWatch::Refusal> leaveStarting();
-    std::optional<FieldWatch::Refusal> leaveBound(const QLineEdit &edit, QString FieldOptions::*bound);
-    std::optional<FieldWatch::Refusal> leaveSpan(const QString &text, Date FieldOptions::*end,
+    std::optional<EntryWatch::Refusal> leaveWidth();
+    std::optional<EntryWatch::Refusal> leaveStarting();
+    std::optional<EntryWatch::Refusal> leaveBound(const QLineEdit &edit, QString FieldOptions::*bound);
+    std::optional<EntryWatch::Refusal> leaveSpan(const QString &text, Date FieldOptions::*end,
                                                  const QString &message);
 
     Ui::frmRptSpec &m_ui;

@@ -31,7 +31,7 @@ frmRptSpec::frmRptSpec(SharedState &shared, ReportPreview &preview, QWidget *par
 {
     setAttribute(Qt::WA_DeleteOnClose);
     m_ui->setupUi(this);
-    m_watch = new FieldWatch(*this, shared.desktop);
+    m_watch = new EntryWatch(*this, shared.desktop, [&shared](const auto &rule) { attempt(shared, rule); });
     m_details = std::make_unique<FieldDetails>(*m_ui, m_report, *m_watch, shared);
     connectControls();
     markChanges();
@@ -101,7 +101,7 @@ void frmRptSpec::markChanges()
 
 void frmRptSpec::run(const std::function<void()> &procedure)
 {
-    if (m_watch->isRefusalPending() || !m_watch->commit())
+    if (m_watch->isRefusalPending() || !m_watch->commitEnteredField())
         return;
     try {
         attempt(m_shared, procedure);
@@ -121,7 +121,7 @@ bool frmRptSpec::eventFilter(QObject *object, QEvent *event)
 
 void frmRptSpec::closeEvent(QCloseEvent *event)
 {
-    m_watch->commit();
+    m_watch->commitEnteredField();
     event->setAccepted(askToSave());
 }
 

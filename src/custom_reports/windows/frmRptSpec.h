@@ -11,7 +11,7 @@ class QListWidgetItem;
 namespace obelmark {
 
 class FieldDetails;
-class FieldWatch;
+class EntryWatch;
 class ReportPreview;
 struct SharedState;
 namespace Ui {
@@ -70,7 +70,7 @@ private:
     Catalogue m_catalogue;
     ReportDefinition m_report; ///< its options are always those on screen, the rest as it was last shown
     std::unique_ptr<Ui::frmRptSpec> m_ui;
-    FieldWatch *m_watch;
+    EntryWatch *m_watch;
     std::unique_ptr<FieldDetails> m_details;
 
     bool ReportChanged = false;

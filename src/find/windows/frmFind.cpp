@@ -1,4 +1,4 @@
-#include "find/window/frmFind.h"
+#include "find/windows/frmFind.h"
 
 #include "common/SharedState.h"
 #include "desktop/Desktop.h"
