@@ -97,6 +97,8 @@ void frmMain::connectFields()
 {
     m_position = new QLabel(this);
     m_position->setObjectName(u"lblPosition"_s);
+    // Under the fields, not at the window's edge.
+    statusBar()->setContentsMargins(m_ui->layMain->contentsMargins().left(), 0, 0, 0);
     statusBar()->addWidget(m_position);
     m_positionTimer.setSingleShot(true);
     connect(&m_positionTimer, &QTimer::timeout, this, [this] { run([&] { showPosition(); }); });

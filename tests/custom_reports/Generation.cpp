@@ -462,7 +462,5 @@ private slots:
     }
 };
 
-Q_DECLARE_METATYPE(Report)
-
 QTEST_MAIN(GenerationTest)
 #include "Generation.moc"
