@@ -1,8 +1,9 @@
 #include "custom_reports/ReportFile.h"
 
+#include "common/OwnFiles.h"
 #include "common/SharedState.h"
 #include "custom_reports/ReportNumbers.h"
-#include "reports/FileTargets.h"
+#include "runtime/NumberedError.h"
 #include "runtime/Numbers.h"
 #include "runtime/SafeFile.h"
 #include "runtime/TextEncoding.h"
@@ -272,7 +273,7 @@ ReadReport readReport(const QByteArray &bytes, const ReportDefinition &current, 
 
 void saveReportFile(const QString &path, const ReportDefinition &report, const SharedState &shared)
 {
-    requireNotCollection(path, shared);
+    requireForeignFile(path, shared);
     SafeFile file(path);
     file.write(reportFileText(report, shared.regional));
     file.commit();

@@ -7,7 +7,7 @@
 
 namespace obelmark {
 
-ProgramWindows::ProgramWindows(SharedState &shared) : output(shared.desktop), m_shared(shared) {}
+ProgramWindows::ProgramWindows(SharedState &shared) : output(shared), m_shared(shared) {}
 
 ProgramWindows::~ProgramWindows()
 {

@@ -196,6 +196,9 @@ void frmMain::Form_Load()
     m_shared.AppFolder = QDir::currentPath();
     if (!m_shared.AppFolder.endsWith(u'/'))
         m_shared.AppFolder += u'/';
+    // Who does not want an old collection taken over finds the folder as it was.
+    if (!offerTakeOver(m_shared.AppFolder, m_shared.desktop))
+        endProgram(m_shared);
     step([&] {
         if (!QDir(pathInAnyCase(m_shared.AppFolder, u"images"_s)).exists() &&
             !QDir(m_shared.AppFolder).mkdir(u"images"_s))
@@ -204,8 +207,6 @@ void frmMain::Form_Load()
     m_shared.HelpFilePath = pathInAnyCase(m_shared.AppFolder, u"coin.hlp"_s);
     m_shared.DatabasePath = pathInAnyCase(m_shared.AppFolder, u"coin.mdb"_s);
     step([&] { recoverDatabase(m_shared); });
-    if (!offerTakeOver(m_shared.AppFolder, m_shared.desktop))
-        endProgram(m_shared);
     step([&] { m_shared.CoinDatabase = openCoinDatabase(m_shared.DatabasePath); });
     step([&] { Form_Activate(); });
     step([&] { m_shared.CoinRecordset = openCoins(coinDatabase(m_shared), m_shared.SortOrder); });

@@ -51,6 +51,8 @@ public:
     /// Does for the field that has been entered and not left yet what leaving it would do. Answers false,
     /// after the message, when its value is refused.
     bool commitEnteredField();
+    /// The entered field counts as left, without its check: what it holds is dropped.
+    void forgetEnteredField() { m_entered = nullptr; }
 
     /// Brings a field's page to the front and gives it the focus.
     static void focusField(QWidget *field, Qt::FocusReason reason = Qt::OtherFocusReason);

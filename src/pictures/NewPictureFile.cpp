@@ -4,6 +4,7 @@
 #include "pictures/cDIBSection.h"
 #include "pictures/mIntelJPEGLibrary.h"
 #include "runtime/NumberedError.h"
+#include <QDir>
 #include <QFile>
 #include <QImage>
 
@@ -15,6 +16,8 @@ NewPictureFile::NewPictureFile(const QImage &picture, const QString &appFolder, 
     : m_appFolder(appFolder), m_coinId(coinId),
       m_temporary(imagesFolder(appFolder) + u".obelmark-picture.tmp"_s)
 {
+    // The folder may have been taken away since the program began.
+    QDir().mkpath(imagesFolder(appFolder));
     QFile::remove(m_temporary);
     writePicture(picture, m_temporary);
 }

@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QTextOption>
 #include <QWheelEvent>
 #include <cmath>
 
@@ -94,7 +95,9 @@ void PictureView::paintEvent(QPaintEvent *)
     if (m_picture.isEmpty()) {
         painter.setPen(palette().color(QPalette::WindowText));
         const QString text = m_reason.isEmpty() ? tr("No picture") : m_reason;
-        painter.drawText(rect().adjusted(16, 16, -16, -16), Qt::AlignCenter | Qt::TextWrapAnywhere, text);
+        QTextOption centred(Qt::AlignCenter);
+        centred.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        painter.drawText(QRectF(rect().adjusted(16, 16, -16, -16)), text, centred);
     } else {
         painter.scale(1 / devicePixelRatio(), 1 / devicePixelRatio());
         const QRectF place = m_zoom.place();

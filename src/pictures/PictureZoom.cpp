@@ -34,8 +34,12 @@ void PictureZoom::setViewport(QSizeF size)
 
 QRectF PictureZoom::place() const
 {
-    return QRectF(std::round(m_topLeft.x()), std::round(m_topLeft.y()),
-                  std::round(m_picture.width() * m_scale), std::round(m_picture.height() * m_scale));
+    // Of a picture that is a thousand times as wide as high there is a line left to see.
+    const auto shown = [this](double length) {
+        return length > 0 ? std::max(1.0, std::round(length * m_scale)) : 0.0;
+    };
+    return QRectF(std::round(m_topLeft.x()), std::round(m_topLeft.y()), shown(m_picture.width()),
+                  shown(m_picture.height()));
 }
 
 double PictureZoom::fittingScale() const

@@ -331,6 +331,23 @@ private slots:
         QCOMPARE(again.desktop.problems(), QStringList());
     }
 
+    // The field that the user is in is hidden when a new report begins.
+    void newReportForgetsTheFieldInHand()
+    {
+        Designer d;
+        d.add(u"Face Value"_s);
+        d.typeInto(u"txtLess", u"66"_s);
+        d.saved();
+        QVERIFY(gui::focusByMouse(d.the<QWidget>(u"txtLess")));
+        QVERIFY(gui::trigger(*d.window, u"mnuNew"_s));
+        QCOMPARE(d.saved(), Designer().saved());
+        // The frame that is still there belongs to no field.
+        QVERIFY(gui::activate(*d.window));
+        QVERIFY(gui::focusByMouse(d.the<QWidget>(u"txtWidth")));
+        QVERIFY(gui::focusByMouse(d.the<QWidget>(u"List1")));
+        QCOMPARE(d.desktop.problems(), QStringList());
+    }
+
     void fileCommands()
     {
         Designer d;

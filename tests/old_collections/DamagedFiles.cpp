@@ -106,7 +106,7 @@ void DamagedFiles::partlyReadable()
 
 void DamagedFiles::anyDamage()
 {
-    constexpr int files = 200;
+    constexpr int files = 80;
     int takenOver = 0;
     for (unsigned seed = 1; seed <= files; ++seed) {
         std::mt19937 chance(seed);

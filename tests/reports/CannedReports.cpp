@@ -332,7 +332,7 @@ second; last</td></tr>
         QTest::newRow("no such folder") << u"none/report.txt"_s << 0 << true << u"Path not found: '%1'"_s;
         QTest::newRow("a folder") << u"images"_s << 0 << true
                                   << u"Path/File access error: '%1' (Is a directory)"_s;
-        QTest::newRow("the collection") << u"coin.mdb"_s << 0 << true << u"'%1' is the collection itself."_s;
+        QTest::newRow("the collection") << u"coin.mdb"_s << 0 << true << u"'%1' belongs to the collection."_s;
     }
     void fileIsKept()
     {

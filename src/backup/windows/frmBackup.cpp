@@ -61,7 +61,9 @@ void frmBackup::cmdOk_Click()
 void frmBackup::copyToDrive()
 {
     const QString root = m_ui->Drive1->currentData().toString();
-    if (root.isEmpty())
+    // A medium taken out meanwhile leaves an empty folder, which lies on another drive.
+    const QList<Drive> drives = m_shared.desktop.drives();
+    if (std::ranges::find(drives, root, &Drive::root) == drives.end())
         throw runtimeError(PathNotFound);
     backUpDatabase(m_shared.DatabasePath, root, shownProgress(m_shared.desktop, windowTitle()));
 }

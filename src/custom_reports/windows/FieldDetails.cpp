@@ -102,6 +102,7 @@ void FieldDetails::clear()
 {
     criteriaFrame()->hide();
     ShownType = 1;
+    ShownSpecID = 0;
     for (QCheckBox *box : {m_ui.chkHide, m_ui.chkTotal})
         box->setChecked(false);
     for (QLineEdit *edit :
@@ -164,15 +165,16 @@ void FieldDetails::hide()
 
 std::optional<Refusal> FieldDetails::leaveWidth()
 {
+    FieldOptions *shown = options();
+    if (!shown)
+        return {};
     const auto width = singleFromText(m_ui.txtWidth->text(), m_shared.regional);
     if (!width)
         return Refusal{u"You must enter a valid number for the column width"_s, Desktop::Icon::None, false};
-    if (FieldOptions *shown = options())
-        shown->ColWidth = *width;
+    shown->ColWidth = *width;
     if (*width == 0) {
         m_ui.chkHide->setChecked(true);
-        if (FieldOptions *shown = options())
-            shown->HideField = true;
+        shown->HideField = true;
     }
     return {};
 }

@@ -136,6 +136,8 @@ void frmRptSpec::ResetReport()
 
 void frmRptSpec::showReport()
 {
+    // Hiding a field with the focus is leaving it: what it holds is of the report of before.
+    m_watch->forgetEnteredField();
     m_details->clear();
     m_ui->cmbSort1->clear();
     m_ui->cmbSort2->clear();

@@ -77,7 +77,7 @@ int runBox(QMessageBox::Icon icon, const QString &text, const QString &title,
     setPlainText(box, text);
     // A short text must not cut the title off.
     const QFontMetrics metrics(box.font());
-    const int titleWidth = metrics.horizontalAdvance(title) + 8 * metrics.averageCharWidth();
+    const int titleWidth = metrics.horizontalAdvance(title) + 16 * metrics.averageCharWidth();
     auto *label = box.findChild<QLabel *>(u"qt_msgbox_label"_s);
     if (label && text.size() < title.size() * 2 && metrics.horizontalAdvance(text) < titleWidth)
         label->setMinimumWidth(titleWidth);
