@@ -4,6 +4,7 @@
 #include <QRectF>
 #include <QStringView>
 #include <memory>
+#include <optional>
 
 class QPainter;
 class QTextLayout;
@@ -13,8 +14,9 @@ namespace obelmark {
 class PlainText;
 class ReportFont;
 
-/// The text of one cell in its column. One that does not fit wraps at blanks, or anywhere in a word that is
-/// too long; its own line breaks are kept.
+/// The text of one cell in its column. A single word, such as an amount, that does not fit is squeezed: a
+/// number continued on the next line would be misread. Other text wraps at blanks, or anywhere in a word that
+/// is too long; its own line breaks are kept.
 class CellText
 {
 public:
@@ -33,13 +35,16 @@ public:
     QList<QRectF> rectsOf(qsizetype position, qsizetype length) const;
 
 private:
+    double squeezeFor(std::optional<double> plainWidth) const;
     void layOut();
+    void paintSqueezed(QPainter &painter, QPointF topLeft) const;
 
     const ReportFont &m_font;
     QStringView m_text;
     double m_width;
     bool m_alignRight;
     double m_left = 0;                     ///< of plain text
+    double m_squeeze = 1;                  ///< the part of its own width that the text is drawn in
     std::unique_ptr<QTextLayout> m_layout; ///< none for plain text
 };
 

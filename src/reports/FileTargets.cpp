@@ -1,9 +1,8 @@
 #include "reports/FileTargets.h"
 
+#include "common/OwnFiles.h"
 #include "common/ProductPage.h"
-#include "common/SharedState.h"
 #include "runtime/TextEncoding.h"
-#include <QFileInfo>
 
 namespace obelmark {
 
@@ -34,9 +33,7 @@ void writing(Step step)
 
 void requireNotCollection(const QString &path, const SharedState &shared)
 {
-    const QString collection = QFileInfo(shared.DatabasePath).canonicalFilePath();
-    if (!collection.isEmpty() && QFileInfo(path).canonicalFilePath() == collection)
-        throw reportFileError(NumberedError(PermissionDenied, u"'%1' is the collection itself."_s.arg(path)));
+    writing([&] { requireForeignFile(path, shared); });
 }
 
 FileTarget::FileTarget(const QString &path)

@@ -6,7 +6,7 @@
 
 namespace obelmark {
 
-/// \throws ReportFileError when the path is that of the collection itself
+/// requireForeignFile() for reports. \throws ReportFileError
 void requireNotCollection(const QString &path, const SharedState &shared);
 
 /// A report as lines in a file, which takes its place when the report is finished.

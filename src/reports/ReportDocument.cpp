@@ -58,6 +58,16 @@ qsizetype ReportDocument::firstRow(qsizetype page) const
     return d->layout.pageStart(page).row;
 }
 
+ReportPlace ReportDocument::placeAt(qsizetype page, double top) const
+{
+    return d->layout.placeAt(page, top);
+}
+
+PagePosition ReportDocument::positionOf(const ReportPlace &place) const
+{
+    return d->layout.positionOf(place);
+}
+
 const PageSetup &ReportDocument::page() const
 {
     return d->layout.page();

@@ -40,6 +40,21 @@ struct ReportMatch
 
     auto operator<=>(const ReportMatch &) const = default;
 };
+/// A line of a report's rows that is found again when the rows have other lines.
+struct ReportPlace
+{
+    qsizetype row;
+    double part; ///< of the row's lines, those above
+
+    auto operator<=>(const ReportPlace &) const = default;
+};
+/// Where a line stands.
+struct PagePosition
+{
+    qsizetype page = 0;
+    double top = 0; ///< in twips from the paper's top
+};
+
 enum class SearchDirection { Forwards, Backwards };
 
 /// A paginated report. Its pages are broken as rows are added, so that those which are full can be painted
@@ -71,6 +86,9 @@ public:
     qsizetype rowCount() const;
     /// The first row that is on the page, wholly or in part.
     qsizetype firstRow(qsizetype page) const;
+    /// The first line on the page that reaches below \a top, in twips from the paper's top.
+    ReportPlace placeAt(qsizetype page, double top) const;
+    PagePosition positionOf(const ReportPlace &place) const;
     const PageSetup &page() const;
     /// Breaks the pages for another paper.
     void setPage(const PageSetup &page);

@@ -2,6 +2,7 @@
 
 #include "reports/CellText.h"
 #include <algorithm>
+#include <optional>
 #include <stdexcept>
 
 namespace obelmark {
@@ -186,6 +187,33 @@ void ReportLayout::setPage(const PageSetup &page)
 const PlacedColumns &ReportLayout::columnsOf(qsizetype row) const
 {
     return m_formats[std::size_t(m_rows.look(row).format)].placed;
+}
+
+ReportPlace ReportLayout::placeAt(qsizetype page, double top) const
+{
+    std::optional<RowPart> first;
+    forEachRow(page, top, m_page.size().height(), [&](const RowPart &row) {
+        if (!first)
+            first = row;
+    });
+    if (!first)
+        return {qsizetype(m_breaker.pageStart(page).row), 0};
+    const double above = (top - first->textTop()) / m_bodyFont.lineHeight();
+    const int line = first->firstLine + qBound(0, int(above), first->lineCount - 1);
+    return {first->row, double(line) / m_rows.look(first->row).lines};
+}
+
+PagePosition ReportLayout::positionOf(const ReportPlace &place) const
+{
+    if (place.row >= m_rows.size())
+        return {};
+    const int line = int(place.part * m_rows.look(place.row).lines);
+    PagePosition position{pageOf(place.row, line), 0};
+    forEachRow(position.page, 0, m_page.size().height(), [&](const RowPart &row) {
+        if (row.row == place.row)
+            position.top = row.top + (line - row.firstLine) * m_bodyFont.lineHeight();
+    });
+    return position;
 }
 
 void ReportLayout::forEachRow(qsizetype page, double top, double bottom,

@@ -74,6 +74,9 @@ public:
     {
         return m_breaker.pageOf({quint32(row), quint32(line)});
     }
+    /// The first line that reaches below \a top on a page, and where such a line is.
+    ReportPlace placeAt(qsizetype page, double top) const;
+    PagePosition positionOf(const ReportPlace &place) const;
 
     const ReportFont &bodyFont() const { return m_bodyFont; }
     const Heading &heading() const { return m_heading; }

@@ -2,6 +2,7 @@
 
 #include "reports/windows/frmRptSel.h"
 #include "support/GuiDriver.h"
+#include <QApplication>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
@@ -125,6 +126,24 @@ private slots:
         QVERIFY(!s.f.shared.FindCancelled);
         QCOMPARE(s.f.shared.SelectedGroupID, 7);
         QCOMPARE(s.f.desktop.problems(), QStringList());
+    }
+
+    void byKeyboard()
+    {
+        const Selection s;
+        QVERIFY(s.dialog->testAttribute(Qt::WA_KeyboardFocusChange)); // else the focus is not drawn
+        QStringList reached;
+        for (int i = 0; i < 6; ++i) {
+            reached << QApplication::focusWidget()->objectName();
+            gui::press(Qt::Key_Tab);
+        }
+        QCOMPARE(reached.join(u' '), u"optAll optSelected List1 cmdOk cmdCancel optAll"_s);
+        QVERIFY(!s.option(u"optAll"_s).isChecked() && !s.option(u"optSelected"_s).isChecked());
+        gui::press(Qt::Key_Space);
+        QVERIFY(s.option(u"optSelected"_s).isChecked());
+        gui::press(Qt::Key_Tab, Qt::ShiftModifier);
+        gui::press(Qt::Key_Space);
+        QVERIFY(s.option(u"optAll"_s).isChecked() && !s.option(u"optSelected"_s).isChecked());
     }
 
     void oneWithoutOption()

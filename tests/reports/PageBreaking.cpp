@@ -203,6 +203,45 @@ private slots:
             QVERIFY(qAbs(found[0].rect.right() - pageMarginX - right) < 1);
     }
 
+    void amountIsSqueezedNotBroken_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("width"); // of the column, in twips
+        QTest::addColumn<bool>("squeezed");
+        QTest::newRow("amount") << u"$500.00"_s << 720 << true;
+        QTest::newRow("negative") << u"-$500.00"_s << 720 << true;
+        QTest::newRow("sign of a letter not plain") << u"¤500.00\u0301"_s << 720 << true;
+        QTest::newRow("grouped by blanks") << u"10\u00A0500,00"_s << 900 << true;
+        QTest::newRow("far too wide") << u"$500,000,000.00"_s << 720 << false;
+        QTest::newRow("two words") << u"Fine $500.00"_s << 1200 << false;
+        QTest::newRow("hyphen") << u"Half-dollar"_s << 900 << false;
+        QTest::newRow("line break") << u"$500\n"_s << 400 << false;
+        QTest::newRow("long word") << QString(25, u'i') << 1200 << false;
+    }
+    void amountIsSqueezedNotBroken()
+    {
+        QFETCH(QString, text);
+        QFETCH(int, width);
+        QFETCH(bool, squeezed);
+        ReportDocument document;
+        document.setPage(letter);
+        document.start({});
+        document.addTable(u"%1|4000;"_s.arg(width), text + u"|;x;"_s);
+        const auto rows = document.matchRects(0, u"x"_s);
+        const double lineHeight = rows[0].rect.height();
+        QCOMPARE(rows[0].rect.top() < pageMarginY + 2 * lineHeight, squeezed);
+        if (!squeezed)
+            return;
+        // From edge to edge of the column's text, and ink nowhere else.
+        const QRectF all = document.matchRects(0, text).constFirst().rect;
+        QVERIFY(qAbs(all.left() - pageMarginX - 60) < 2 && qAbs(all.width() - width + 120) < 3);
+        const QRectF end = document.matchRects(0, text.last(3)).constFirst().rect;
+        QVERIFY(qAbs(end.right() - all.right()) < 2 && end.width() < all.width() / 2);
+        const QRect ink = inkOf(painted(document, 0).copy(0, 0, 400, int(all.bottom() / 10)));
+        QVERIFY(ink.left() >= int(all.left() / 10) - 1 && ink.right() <= int(all.right() / 10) + 1);
+        QVERIFY(ink.width() > int(all.width() / 10) - 6);
+    }
+
     void turnedPaperIsBrokenAsIfItHadLainSo()
     {
         // The wide table is narrowed upright, so that its rows have other lines then.

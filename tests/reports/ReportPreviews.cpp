@@ -1,3 +1,4 @@
+#include "common/SharedState.h"
 #include "reports/PageSetup.h"
 #include "reports/ReportDocument.h"
 #include "reports/windows/OutputWindow.h"
@@ -7,11 +8,13 @@
 #include "support/ScriptedDesktop.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QMenu>
 #include <QPrinter>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSpinBox>
 #include <QTemporaryDir>
 #include <QToolButton>
@@ -69,7 +72,8 @@ struct Shown
     }
 
     ScriptedDesktop desktop;
-    OutputWindow output{desktop};
+    SharedState shared{desktop, RegionalSettings(QLocale(u"en_US"_s))};
+    OutputWindow output{shared};
     QWidget *window = nullptr;
     PageView *pages = nullptr;
 };
@@ -145,6 +149,61 @@ private slots:
         const QImage after = s.pages->viewport()->grab(QRect(pointer - QPoint(2, 2), QSize(5, 5))).toImage();
         QCOMPARE(after, before);
         QCOMPARE(s.page(), 5);
+    }
+
+    void turnedPaperKeepsThePlace_data()
+    {
+        QTest::addColumn<QString>("zoom");
+        QTest::newRow("whole page") << u"mnuZoom_1"_s;
+        QTest::newRow("page width") << u"mnuZoom_2"_s;
+        QTest::newRow("thumbnails") << u"mnuZoom_4"_s;
+    }
+    void turnedPaperKeepsThePlace()
+    {
+        QFETCH(QString, zoom);
+        Shown s;
+        const ReportDocument &document = s.output.document();
+        gui::find<QAction>(*s.window, zoom).trigger();
+        s.pages->goToPage(6);
+        qsizetype row = document.firstRow(6);
+        if (s.pages->zoom() == Zoom::PageWidth) {
+            QScrollBar *bar = s.pages->verticalScrollBar();
+            bar->setValue(bar->value() + 6 * bar->singleStep());
+            row = s.pages->firstVisible().row;
+            QVERIFY(row > document.firstRow(s.page() - 1));
+        }
+        const qsizetype upright = s.page();
+        for (const bool landscape : {true, false, true}) {
+            s.click(u"cmdLandscape"_s);
+            QCOMPARE(s.page() - 1, document.pageOf({row, 0, 0}));
+            QCOMPARE(s.page() == upright, !landscape);
+        }
+    }
+
+    void everythingIsReachedByTab()
+    {
+        const Shown s;
+        s.pages->goToPage(3);
+        QVERIFY(s.pages->hasFocus());
+        QStringList reached;
+        do {
+            gui::press(Qt::Key_Tab);
+            reached << QApplication::focusWidget()->objectName();
+        } while (!s.pages->hasFocus() && reached.size() < 20);
+        QCOMPARE(reached.join(u' '), u"cmdOk cmdFirstPage cmdPreviousPage txtPage cmdNextPage cmdLastPage "
+                                     "cmdZoom cmdFind cmdPrint cmdSavePdf cmdLandscape pages"_s);
+        QVERIFY(gui::focusByTab(gui::find<QSpinBox>(*s.window, u"txtPage"_s)));
+        gui::find<QAction>(*s.window, u"mnuZoom_1"_s).trigger();
+        QVERIFY(gui::focusByTab(gui::find<QSpinBox>(*s.window, u"txtPage"_s)));
+        gui::press(Qt::Key_PageDown);
+        QCOMPARE(s.page(), 5);
+        gui::press(Qt::Key_PageUp);
+        QCOMPARE(s.page(), 4);
+        // The focus leaves a button that is of no use on the first page.
+        QVERIFY(gui::focusByTab(gui::find<QToolButton>(*s.window, u"cmdFirstPage"_s)));
+        gui::press(Qt::Key_Space);
+        QCOMPARE(s.page(), 1);
+        QVERIFY(s.pages->hasFocus());
     }
 
     void findingText()
@@ -224,10 +283,39 @@ private slots:
         Shown s;
         s.desktop.answerSaveFile(u"Coin List.pdf"_s, pdfFilter, u"/no/such/folder/list.pdf"_s);
         s.desktop.expectMessage(
-            u"The report could not be saved.  Path not found: '/no/such/folder/list.pdf'"_s,
-            QString::fromUtf16(applicationTitle), Desktop::Icon::Exclamation);
+            u"The report could not be saved.  Path not found: '/no/such/folder/list.pdf'"_s);
         s.click(u"cmdSavePdf"_s);
         QCOMPARE(s.desktop.problems(), QStringList());
+    }
+
+    void collectionIsNoTarget_data()
+    {
+        QTest::addColumn<QString>("name");
+        for (const char *name : {"COIN.MDB", "Coindb.bak", "rptspec.mdb", "coin.hlp", "images/00000001.jpg"})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
+    void collectionIsNoTarget()
+    {
+        QFETCH(QString, name);
+        QTemporaryDir folder;
+        Shown s;
+        s.shared.AppFolder = folder.path() + u'/';
+        s.shared.DatabasePath = folder.filePath(u"COIN.MDB"_s);
+        s.shared.HelpFilePath = folder.filePath(u"coin.hlp"_s);
+        QVERIFY(QDir(folder.path()).mkdir(u"images"_s));
+        const QString path = folder.filePath(name);
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write("dear") && file.flush());
+
+        const QString roundabout = folder.filePath(u"images/../"_s + name);
+        s.desktop.answerSaveFile(u"Coin List.pdf"_s, pdfFilter, roundabout);
+        s.desktop.answerYesNo(u"The file '%1' already exists.  Do you wish to replace it?"_s.arg(roundabout),
+                              u"File Exists"_s, Desktop::Answer::Yes);
+        s.desktop.expectMessage(
+            u"The report could not be saved.  '%1' belongs to the collection."_s.arg(roundabout));
+        s.click(u"cmdSavePdf"_s);
+        QCOMPARE(s.desktop.problems(), QStringList());
+        QCOMPARE(contents(path), QByteArray("dear"));
     }
 
     void printing()
@@ -248,8 +336,7 @@ private slots:
         printReport(document, 0, printer, desktop);
         QVERIFY(pagesInPdf(contents(path)) < document.pageCount());
         printer.setOutputFileName(u"/no/such/folder/printed.pdf"_s);
-        desktop.expectMessage(u"The report could not be printed."_s, QString::fromUtf16(applicationTitle),
-                              Desktop::Icon::Exclamation);
+        desktop.expectMessage(u"The report could not be printed."_s);
         printReport(document, 0, printer, desktop);
         QCOMPARE(desktop.problems(), QStringList());
     }

@@ -4,14 +4,14 @@
 
 namespace obelmark {
 
-OutputWindow::OutputWindow(Desktop &desktop) : m_desktop(desktop) {}
+OutputWindow::OutputWindow(SharedState &shared) : m_shared(shared) {}
 
 OutputWindow::~OutputWindow() = default;
 
 frmOutput &OutputWindow::window()
 {
     if (!m_window) {
-        m_window = std::make_unique<frmOutput>(m_desktop);
+        m_window = std::make_unique<frmOutput>(m_shared);
         // It is in the middle of an event of its own then.
         QObject::connect(m_window.get(), &frmOutput::unloaded, m_window.get(),
                          [this] { m_window.release()->deleteLater(); });

@@ -5,15 +5,15 @@
 
 namespace obelmark {
 
-class Desktop;
 class frmOutput;
+struct SharedState;
 
 /// The one report output window of the program, made again after it has been closed.
 class OutputWindow : public ReportPreview
 {
 public:
-    /// The desktop must outlive it.
-    explicit OutputWindow(Desktop &desktop);
+    /// The shared state must outlive it.
+    explicit OutputWindow(SharedState &shared);
     ~OutputWindow() override;
 
     /// Valid until the window is closed.
@@ -23,7 +23,7 @@ public:
 private:
     frmOutput &window();
 
-    Desktop &m_desktop;
+    SharedState &m_shared;
     std::unique_ptr<frmOutput> m_window;
 };
 

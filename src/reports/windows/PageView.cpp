@@ -39,6 +39,7 @@ void PageView::documentChanged()
 void PageView::rewind()
 {
     m_current = 0;
+    m_shown.reset();
     verticalScrollBar()->setValue(0);
 }
 
@@ -121,6 +122,31 @@ void PageView::goToPage(qsizetype page)
     if (!visible().contains(rect))
         verticalScrollBar()->setValue(int(rect.top() - m_arrangement.pageRect(0).top()));
     setCurrent(page);
+}
+
+ReportPlace PageView::firstVisible() const
+{
+    // Paper that is turned to and fro does not creep on to the first line of each of its pages.
+    if (m_shown && m_shown->page == m_current && m_shown->offset == offset())
+        return m_shown->place;
+    static constexpr double sliver = 2; // pixels of a line that do not count
+    const double top = visible().top() + sliver - m_arrangement.pageRect(m_current).top();
+    return m_document->placeAt(m_current, qMax(0.0, top / m_arrangement.scale()));
+}
+
+void PageView::goTo(const ReportPlace &place)
+{
+    const PagePosition position = m_document->positionOf(place);
+    goToPage(position.page);
+    if (zoom() == Zoom::PageWidth || zoom() == Zoom::Free) {
+        const QRectF page = m_arrangement.pageRect(position.page);
+        const double top = page.top() + position.top * m_arrangement.scale();
+        verticalScrollBar()->setValue(int(page.top() - PageArrangement::gap));
+        if (top + lineStep > visible().bottom())
+            verticalScrollBar()->setValue(int(top));
+        setCurrent(position.page);
+    }
+    m_shown = {place, m_current, offset()};
 }
 
 void PageView::step(int rows)

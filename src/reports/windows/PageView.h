@@ -29,6 +29,11 @@ public:
     void goToNext() { step(1); }
     void goToPrevious() { step(-1); }
 
+    /// The first line of the current page that is in view.
+    ReportPlace firstVisible() const;
+    /// Brings a line into view, with the top of its page when there is room for both.
+    void goTo(const ReportPlace &place);
+
     Zoom zoom() const { return m_arrangement.terms().zoom; }
     double relativeScale() const { return m_arrangement.relativeScale(); }
     void setZoom(Zoom zoom);
@@ -81,6 +86,14 @@ private:
     bool m_isArranging = false;
     QString m_text;
     std::optional<ReportMatch> m_match;
+    /// The line gone to last, as long as nobody has moved away from where it was shown.
+    struct Shown
+    {
+        ReportPlace place;
+        qsizetype page;
+        QPointF offset;
+    };
+    std::optional<Shown> m_shown;
 };
 
 } // namespace obelmark

@@ -7,6 +7,7 @@
 #include "ui_PreviewView.h"
 #include <QActionGroup>
 #include <QFontInfo>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QShortcut>
 #include <QSignalBlocker>
@@ -43,7 +44,6 @@ PreviewView::PreviewView(QWidget *parent) : QWidget(parent), m_ui(std::make_uniq
     setUpNavigation();
     setUpZoom();
     setUpKeys();
-    setFocusProxy(m_ui->pages);
     m_ui->pages->setDocument(m_document);
     m_document.onChange([this] { documentChanged(); });
     documentChanged();
@@ -74,11 +74,48 @@ void PreviewView::setUpNavigation()
     onClick(m_ui->cmdFind, [this] { m_ui->fraFind->open(); });
     onClick(m_ui->cmdPrint, [this] { print(); });
     onClick(m_ui->cmdSavePdf, [this] { save(); });
-    onClick(m_ui->cmdLandscape, [this] {
-        m_document.setPage({m_document.page().paper, m_ui->cmdLandscape->isChecked()});
-    });
+    onClick(m_ui->cmdLandscape, [this] { turnPaper(m_ui->cmdLandscape->isChecked()); });
+    m_ui->txtPage->installEventFilter(this);
     connect(m_ui->txtPage, &QSpinBox::valueChanged, this, [pages](int page) { pages->goToPage(page - 1); });
     connect(pages, &PageView::changed, this, &PreviewView::showState);
+}
+
+/// The focus of the view itself is that of its pages. They are no focus proxy: the Tab key would never get
+/// past that.
+void PreviewView::focusInEvent(QFocusEvent *event)
+{
+    m_ui->pages->setFocus(event->reason());
+}
+
+/// In the page number, keys do what they do on the pages; a spin box would leap ten pages.
+bool PreviewView::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::KeyPress) {
+        switch (static_cast<QKeyEvent *>(event)->key()) {
+        case Qt::Key_PageUp:
+            m_ui->pages->goToPrevious();
+            return true;
+        case Qt::Key_PageDown:
+            m_ui->pages->goToNext();
+            return true;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            m_ui->txtPage->interpretText();
+            m_ui->pages->goToPage(m_ui->txtPage->value() - 1);
+            m_ui->txtPage->selectAll();
+            return true;
+        default:
+            break;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void PreviewView::turnPaper(bool landscape)
+{
+    const ReportPlace place = m_ui->pages->firstVisible();
+    m_document.setPage({m_document.page().paper, landscape});
+    m_ui->pages->goTo(place);
 }
 
 void PreviewView::setUpZoom()
@@ -134,6 +171,10 @@ void PreviewView::showState()
     const PageView &pages = *m_ui->pages;
     const qsizetype count = pages.pageCount();
     const bool isFirst = pages.currentPage() == 0, isLast = pages.currentPage() + 1 >= count;
+    // From a button that is of no use any more the focus would go on to one that does something else.
+    if ((isFirst && (m_ui->cmdFirstPage->hasFocus() || m_ui->cmdPreviousPage->hasFocus())) ||
+        (isLast && (m_ui->cmdNextPage->hasFocus() || m_ui->cmdLastPage->hasFocus())))
+        m_ui->pages->setFocus(Qt::TabFocusReason);
     m_ui->cmdFirstPage->setEnabled(!isFirst);
     m_ui->cmdPreviousPage->setEnabled(!isFirst);
     m_ui->cmdNextPage->setEnabled(!isLast);
@@ -154,12 +195,12 @@ void PreviewView::showState()
 
 void PreviewView::print()
 {
-    askAndPrint(m_document, m_ui->pages->currentPage(), *m_desktop, window());
+    askAndPrint(m_document, m_ui->pages->currentPage(), *m_shared, window());
 }
 
 void PreviewView::save()
 {
-    savePdf(m_document, *m_desktop);
+    savePdf(m_document, *m_shared);
 }
 
 QSize PreviewView::pageSizeOnScreen(const QSize &most) const

@@ -8,7 +8,7 @@ class QActionGroup;
 
 namespace obelmark {
 
-class Desktop;
+struct SharedState;
 namespace Ui {
 class PreviewView;
 }
@@ -22,12 +22,16 @@ public:
     explicit PreviewView(QWidget *parent = nullptr);
     ~PreviewView() override;
 
-    /// Must be called before the view is shown; the desktop must outlive it.
-    void setDesktop(Desktop &desktop) { m_desktop = &desktop; }
+    /// Must be called before the view is shown; the shared state must outlive it.
+    void setShared(SharedState &shared) { m_shared = &shared; }
 
     ReportDocument &document() { return m_document; }
     /// The size at which a page is as large as on paper, or as much of it as fits into \a most.
     QSize pageSizeOnScreen(const QSize &most) const;
+
+protected:
+    void focusInEvent(QFocusEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void setUpNavigation();
@@ -35,12 +39,13 @@ private:
     void setUpKeys();
     void documentChanged();
     void showState();
+    void turnPaper(bool landscape);
     void print();
     void save();
 
     ReportDocument m_document;
     std::unique_ptr<Ui::PreviewView> m_ui;
-    Desktop *m_desktop = nullptr;
+    SharedState *m_shared = nullptr;
     QActionGroup *m_zooms = nullptr;
 };
 

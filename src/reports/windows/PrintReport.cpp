@@ -1,8 +1,10 @@
 #include "reports/windows/PrintReport.h"
 
+#include "common/SharedState.h"
 #include "desktop/Desktop.h"
 #include "reports/PageSetup.h"
 #include "reports/ReportDocument.h"
+#include "reports/windows/SavePdf.h"
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -15,6 +17,10 @@ using namespace Qt::StringLiterals;
 
 /// Paper on which a report cannot be laid out sensibly: labels. Its pages are made smaller instead.
 static constexpr double smallestPaper = 4 * twipsPerInch;
+
+static const QString printing = u"Printing..."_s;
+static const QString pageLine = u"Now printing Page %1 of %2"_s;
+static const QString couldNotPrint = u"The report could not be printed."_s;
 
 std::vector<qsizetype> pagesToPrint(const QPrinter &printer, qsizetype pageCount, qsizetype currentPage)
 {
@@ -45,11 +51,9 @@ std::vector<qsizetype> pagesToPrint(const QPrinter &printer, qsizetype pageCount
 }
 
 /// The second line of the progress box, where both are known: which printer it is, and where it stands.
-static QString deviceLine(const QPrinter &printer)
+static QString deviceLine(const QString &name, const QString &place)
 {
-    const QString name = printer.printerName();
-    const QString location = QPrinterInfo(printer).location();
-    return name.isEmpty() || location.isEmpty() ? QString() : u"\non the %1 on %2"_s.arg(name, location);
+    return name.isEmpty() || place.isEmpty() ? QString() : u"\non the %1 on %2"_s.arg(name, place);
 }
 
 void printReport(const ReportDocument &document, qsizetype currentPage, QPrinter &printer, Desktop &desktop)
@@ -63,14 +67,14 @@ void printReport(const ReportDocument &document, qsizetype currentPage, QPrinter
     const QSizeF paper = printer.pageLayout().fullRectPoints().size() * twipsPerPoint;
     const QSizeF size = document.page().size();
     const double fit = std::min({1.0, paper.width() / size.width(), paper.height() / size.height()});
-    const auto progress = desktop.showProgress(u"Printing..."_s, true);
-    const QString device = deviceLine(printer);
+    const auto progress = desktop.showProgress(printing, true);
+    const QString device = deviceLine(printer.printerName(), QPrinterInfo(printer).location());
 
     QPainter painter;
     bool isWell = painter.begin(&printer);
     const double scale = printer.resolution() / twipsPerInch * fit;
     for (std::size_t i = 0; isWell && i < pages.size(); ++i) {
-        const QString label = u"Now printing Page %1 of %2"_s.arg(i + 1).arg(pages.size()) + device;
+        const QString label = pageLine.arg(i + 1).arg(pages.size()) + device;
         if (!progress->update(label, qint64(i), qint64(pages.size()))) {
             printer.abort();
             return;
@@ -83,11 +87,10 @@ void printReport(const ReportDocument &document, qsizetype currentPage, QPrinter
     }
     isWell = isWell && painter.end() && printer.printerState() != QPrinter::Error;
     if (!isWell)
-        desktop.showMessage(u"The report could not be printed."_s, QString::fromUtf16(applicationTitle),
-                            Desktop::Icon::Exclamation);
+        desktop.showMessage(couldNotPrint);
 }
 
-void askAndPrint(ReportDocument &document, qsizetype currentPage, Desktop &desktop, QWidget *owner)
+void askAndPrint(ReportDocument &document, qsizetype currentPage, SharedState &shared, QWidget *owner)
 {
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(document.title());
@@ -106,7 +109,16 @@ void askAndPrint(ReportDocument &document, qsizetype currentPage, Desktop &deskt
     if (chosen.size() != document.page().size() &&
         std::min(chosen.size().width(), chosen.size().height()) >= smallestPaper)
         document.setPage(chosen);
-    printReport(document, currentPage, printer, desktop);
+    // The toolkit's own way into a file would leave half of one behind, and tell of no failure.
+    if (printer.outputFormat() == QPrinter::PdfFormat) {
+        const QString path = printer.outputFileName();
+        writePdf(document,
+                 {path, pagesToPrint(printer, document.pageCount(), currentPage), printing, pageLine,
+                  couldNotPrint, deviceLine(u"PDF writer"_s, path)},
+                 shared);
+        return;
+    }
+    printReport(document, currentPage, printer, shared.desktop);
 }
 
 } // namespace obelmark

@@ -10,6 +10,7 @@ namespace obelmark {
 
 class Desktop;
 class ReportDocument;
+struct SharedState;
 
 /// The pages that a print job with the printer's settings (page ranges, copies, collation, order) consists
 /// of, in their order; counted from 0.
@@ -19,7 +20,8 @@ std::vector<qsizetype> pagesToPrint(const QPrinter &printer, qsizetype pageCount
 /// are made smaller when they would not fit.
 void printReport(const ReportDocument &document, qsizetype currentPage, QPrinter &printer, Desktop &desktop);
 
-/// Lets the user choose a printer and what to print. The document takes the paper that is chosen.
-void askAndPrint(ReportDocument &document, qsizetype currentPage, Desktop &desktop, QWidget *owner);
+/// Lets the user choose a printer, or a PDF file, and what to print. The document takes the paper that is
+/// chosen.
+void askAndPrint(ReportDocument &document, qsizetype currentPage, SharedState &shared, QWidget *owner);
 
 } // namespace obelmark

@@ -1,6 +1,8 @@
 #include "reports/windows/SavePdf.h"
 
 #include "common/ConfirmReplaceFile.h"
+#include "common/OwnFiles.h"
+#include "common/SharedState.h"
 #include "desktop/Desktop.h"
 #include "reports/PageSetup.h"
 #include "reports/ReportDocument.h"
@@ -9,6 +11,7 @@
 #include <QIODevice>
 #include <QPainter>
 #include <QPdfWriter>
+#include <numeric>
 
 namespace obelmark {
 
@@ -56,7 +59,7 @@ private:
 };
 
 /// Answers whether all pages have been written: the user may cancel.
-bool writePages(const ReportDocument &document, SafeDevice &device, Desktop &desktop)
+bool writePages(const ReportDocument &document, const PdfJob &job, SafeDevice &device, Desktop &desktop)
 {
     QPdfWriter writer(&device);
     writer.setResolution(int(twipsPerInch));
@@ -65,37 +68,45 @@ bool writePages(const ReportDocument &document, SafeDevice &device, Desktop &des
                     document.page().landscape ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF()));
     writer.setTitle(document.title());
     writer.setCreator(QString::fromUtf16(applicationTitle));
-    const auto progress = desktop.showProgress(u"Saving..."_s, true);
+    const auto progress = desktop.showProgress(job.title, true);
+    const auto count = qint64(job.pages.size());
     QPainter painter(&writer);
-    for (qsizetype page = 0; page < document.pageCount() && !device.hasFailed(); ++page) {
-        const QString label = u"Now saving Page %1 of %2"_s.arg(page + 1).arg(document.pageCount());
-        if (!progress->update(label, page, document.pageCount()))
+    for (qint64 done = 0; done < count && !device.hasFailed(); ++done) {
+        if (!progress->update(job.label.arg(done + 1).arg(count) + job.device, done, count))
             return false;
-        if (page > 0)
+        if (done > 0)
             writer.newPage();
-        document.paintPage(painter, page);
+        document.paintPage(painter, job.pages[std::size_t(done)]);
     }
     return true;
 }
 
 } // namespace
 
-void savePdf(const ReportDocument &document, Desktop &desktop)
+void writePdf(const ReportDocument &document, const PdfJob &job, SharedState &shared)
+{
+    try {
+        requireForeignFile(job.path, shared);
+        SafeDevice device(job.path);
+        if (writePages(document, job, device, shared.desktop))
+            device.commit();
+    } catch (const NumberedError &error) {
+        shared.desktop.showMessage(job.failure + u"  "_s + error.description());
+    }
+}
+
+void savePdf(const ReportDocument &document, SharedState &shared)
 {
     QString name = document.title();
     name.replace(u'/', u'-');
-    const auto path = desktop.askSaveFile((name.isEmpty() ? u"Report"_s : name) + u".pdf"_s,
-                                          u"PDF Files (*.pdf)|*.pdf|All Files (*.*)|*.*"_s);
-    if (!path || ConfirmReplaceFile(desktop, *path))
+    const auto path = shared.desktop.askSaveFile((name.isEmpty() ? u"Report"_s : name) + u".pdf"_s,
+                                                 u"PDF Files (*.pdf)|*.pdf|All Files (*.*)|*.*"_s);
+    if (!path || ConfirmReplaceFile(shared.desktop, *path))
         return;
-    try {
-        SafeDevice device(*path);
-        if (writePages(document, device, desktop))
-            device.commit();
-    } catch (const NumberedError &error) {
-        desktop.showMessage(u"The report could not be saved.  "_s + error.description(),
-                            QString::fromUtf16(applicationTitle), Desktop::Icon::Exclamation);
-    }
+    PdfJob job{*path, std::vector<qsizetype>(std::size_t(document.pageCount())), u"Saving..."_s,
+               u"Now saving Page %1 of %2"_s, u"The report could not be saved."_s};
+    std::iota(job.pages.begin(), job.pages.end(), 0);
+    writePdf(document, job, shared);
 }
 
 } // namespace obelmark

@@ -6,10 +6,11 @@
 
 namespace obelmark {
 
-frmOutput::frmOutput(Desktop &desktop) : QWidget(nullptr, Qt::Window), m_ui(std::make_unique<Ui::frmOutput>())
+frmOutput::frmOutput(SharedState &shared)
+    : QWidget(nullptr, Qt::Window), m_ui(std::make_unique<Ui::frmOutput>())
 {
     m_ui->setupUi(this);
-    m_ui->VSPrinter->setDesktop(desktop);
+    m_ui->VSPrinter->setShared(shared);
     connect(m_ui->cmdOk, &QPushButton::clicked, this, &QWidget::close);
     // As large as a page is, so that it can be read, where the screen is large enough.
     const QSize most = screen()->availableSize() * 9 / 10;

@@ -5,8 +5,8 @@
 
 namespace obelmark {
 
-class Desktop;
 class ReportDocument;
+struct SharedState;
 namespace Ui {
 class frmOutput;
 }
@@ -17,8 +17,8 @@ class frmOutput : public QWidget
 {
     Q_OBJECT
 public:
-    /// The desktop must outlive the window.
-    explicit frmOutput(Desktop &desktop);
+    /// The shared state must outlive the window.
+    explicit frmOutput(SharedState &shared);
     ~frmOutput() override;
 
     ReportDocument &document();

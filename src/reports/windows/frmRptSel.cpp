@@ -22,6 +22,7 @@ frmRptSel::frmRptSel(SharedState &shared, QWidget *parent)
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     new HelpKey(*this, shared.desktop, shared.HelpFilePath);
     Form_Load();
+    m_ui->optAll->setFocus(Qt::TabFocusReason);
 }
 
 frmRptSel::~frmRptSel() = default;
@@ -40,6 +41,20 @@ void frmRptSel::Form_Load()
         auto *entry = new QListWidgetItem(entries->value(m_group.DescField).toText(), m_ui->List1);
         entry->setData(Qt::UserRole, qint32(entries->value(m_group.KeyField).toInt()));
     }
+}
+
+void frmRptSel::showEvent(QShowEvent *event)
+{
+    QDialog::showEvent(event);
+    setAttribute(Qt::WA_KeyboardFocusChange); // the focus is seen before the first Tab
+}
+
+bool frmRptSel::focusNextPrevChild(bool next)
+{
+    // The option that has the focus takes the Tab key from the other one, even while none is chosen.
+    for (QRadioButton *option : {m_ui->optAll, m_ui->optSelected})
+        option->setFocusPolicy(Qt::StrongFocus);
+    return QDialog::focusNextPrevChild(next);
 }
 
 void frmRptSel::optAll_Click()

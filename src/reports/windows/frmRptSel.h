@@ -21,6 +21,10 @@ public:
     frmRptSel(SharedState &shared, QWidget *parent);
     ~frmRptSel() override;
 
+protected:
+    void showEvent(QShowEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
+
 private:
     void Form_Load();
     void optAll_Click();
