@@ -224,6 +224,9 @@ void frmMain::Form_Load()
     m_shared.PictureChanged = false;
     Adding = false;
     ShowCoinBrowseButtons();
+    // The first picture of the window is a whole one.
+    m_positionTimer.stop();
+    run([&] { showPosition(); });
     // An empty collection has nothing to do but to begin.
     (m_ui->txtDescr->isEnabled() ? static_cast<QWidget *>(m_ui->txtDescr) : m_ui->cmdAddNew)->setFocus();
 }
