@@ -3,6 +3,7 @@
 #include "reports/PagePainter.h"
 #include "reports/ReportLayout.h"
 #include "reports/ReportSearch.h"
+#include "runtime/RegionalSettings.h"
 
 namespace obelmark {
 
@@ -14,7 +15,7 @@ struct ReportDocument::Private
             changeHandler();
     }
 
-    ReportLayout layout{PageSetup{usualPaper(QLocale::system())}};
+    ReportLayout layout{PageSetup{usualPaper(RegionalSettings::system().locale())}};
     std::function<void()> changeHandler;
 };
 
