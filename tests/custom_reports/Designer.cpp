@@ -1,5 +1,6 @@
 // The report designer, used with mouse and keyboard.
 #include "common/SharedState.h"
+#include "custom_reports/NoPreview.h"
 #include "custom_reports/windows/frmRptSpec.h"
 #include "dates/DateField.h"
 #include "engine/Database.h"
@@ -34,17 +35,6 @@ const QString numberMessage = u"You must enter a number or leave this selection 
 const QString dateMessage = u"You must enter a valid date or leave this selection field blank."_s;
 const QString timeMessage = u"You must enter a valid time or leave this selection field blank."_s;
 const QString invalidMessage = u"This does not appear to be a valid report file for this program."_s;
-
-class NoPreview : public ReportPreview
-{
-public:
-    ReportDocument &document() override { return m_document; }
-    void show() override { ++shown; }
-    int shown = 0;
-
-private:
-    ReportDocument m_document;
-};
 
 /// The designer with the delivered catalogue and, as number 34, a field for a time.
 class Designer

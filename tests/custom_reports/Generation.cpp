@@ -1,5 +1,6 @@
 // Custom reports from their definitions: the query, the rows it selects, and what the targets receive.
 #include "common/SharedState.h"
+#include "custom_reports/NoPreview.h"
 #include "custom_reports/ReportDefinition.h"
 #include "custom_reports/ReportGenerator.h"
 #include "custom_reports/ReportQuery.h"
@@ -139,17 +140,6 @@ QString coins()
     }
     return u"begin;"_s + sql + u"commit"_s;
 }
-
-class NoPreview : public ReportPreview
-{
-public:
-    ReportDocument &document() override { return m_document; }
-    void show() override { ++shown; }
-    int shown = 0;
-
-private:
-    ReportDocument m_document;
-};
 
 class Fixture
 {

@@ -294,7 +294,8 @@ private slots:
         };
         // The collection itself, chosen by mistake.
         shared.DatabasePath = path;
-        QVERIFY(errorOf([&] { saveReportFile(path, report, shared); }).contains(u"belongs to the collection"));
+        QVERIFY(
+            errorOf([&] { saveReportFile(path, report, shared); }).contains(u"belongs to the collection"));
         for (const QString &missing : {folder.filePath(u"none/b.rpt"_s), folder.path()}) {
             QVERIFY(errorOf([&] { saveReportFile(missing, report, shared); }).contains(missing));
             QVERIFY(errorOf([&] { loadReportFile(missing); }).contains(missing));

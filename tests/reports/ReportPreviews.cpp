@@ -291,7 +291,8 @@ private slots:
     void collectionIsNoTarget_data()
     {
         QTest::addColumn<QString>("name");
-        for (const char *name : {"COIN.MDB", "Coindb.bak", "rptspec.mdb", "coin.hlp", "images/00000001.jpg"})
+        for (const char *name :
+             {"COIN.MDB", "COIN.MDB-journal", "Coindb.bak", "rptspec.mdb", "coin.hlp", "images/00000001.jpg"})
             QTest::newRow(name) << QString::fromLatin1(name);
     }
     void collectionIsNoTarget()

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "reports/ReportDocument.h"
+#include "reports/ReportPreview.h"
+
+namespace obelmark {
+
+/// A preview without a window, which counts how often it is shown.
+class NoPreview : public ReportPreview
+{
+public:
+    ReportDocument &document() override { return m_document; }
+    void show() override { ++shown; }
+    int shown = 0;
+
+private:
+    ReportDocument m_document;
+};
+
+} // namespace obelmark
