@@ -1,6 +1,6 @@
 #include "backup/Packing.h"
 
-#include "backup/ShownProgress.h"
+#include "common/ShownProgress.h"
 #include "common/SharedState.h"
 #include "common/TextHelpers.h"
 #include "desktop/Desktop.h"

@@ -2,6 +2,7 @@
 
 #include "backup/Packing.h"
 #include "common/SharedState.h"
+#include "common/ShownProgress.h"
 #include "common/TextHelpers.h"
 #include "custom_reports/windows/frmRptSpec.h"
 #include "dates/DateField.h"
@@ -18,7 +19,9 @@
 #include "forms/AccessKeys.h"
 #include "forms/EditButtons.h"
 #include "forms/EntryWatch.h"
+#include "forms/FirstSize.h"
 #include "forms/HelpKey.h"
+#include "forms/PageKeys.h"
 #include "lookups/frmCodesMaint.h"
 #include "old_collections/TakeOver.h"
 #include "pictures/frmImage.h"
@@ -31,7 +34,6 @@
 #include <QDir>
 #include <QLabel>
 #include <QScopeGuard>
-#include <QScreen>
 #include <QStatusBar>
 
 namespace obelmark {
@@ -80,7 +82,8 @@ frmMain::frmMain(SharedState &shared, ProgramWindows &windows)
 {
     m_ui->setupUi(this);
     new AccessKeys(*this);
-    resize(size().boundedTo(screen()->availableSize()));
+    addPageKeys(*m_ui->Tab1);
+    setFirstSize(*this);
     m_fields = std::make_unique<CoinFields>(*this, shared);
     m_buttons = std::make_unique<EditButtons>(*this, QList{m_ui->cmdPicture, m_ui->cmdSoldSome});
     m_watch = new EntryWatch(*this, shared.desktop, [&shared](const auto &rule) { attempt(shared, rule); });
@@ -101,14 +104,13 @@ void frmMain::connectFields()
     statusBar()->setContentsMargins(m_ui->layMain->contentsMargins().left(), 0, 0, 0);
     statusBar()->addWidget(m_position);
     m_positionTimer.setSingleShot(true);
-    connect(&m_positionTimer, &QTimer::timeout, this, [this] { run([&] { showPosition(); }); });
+    connect(&m_positionTimer, &QTimer::timeout, this, [this] {
+        // While a damaged file is being repaired there are no coins, but the clock goes on.
+        if (m_shared.CoinRecordset)
+            run([&] { showPosition(); });
+    });
     m_fields->onChange(this, [this] { MakingChange(); });
-    // What never takes input looks like the page, not like a field.
-    for (QLineEdit *total : {m_ui->txtTotalPaid, m_ui->txtTotalVal, m_ui->txtTotalSales}) {
-        QPalette palette = total->palette();
-        palette.setBrush(QPalette::Base, palette.brush(QPalette::Window));
-        total->setPalette(palette);
-    }
+    colourTotals();
     connect(m_ui->chkSold, &QCheckBox::toggled, this, &frmMain::chkSold_Click);
     connect(m_ui->chkWantList, &QCheckBox::toggled, this, &frmMain::chkWantList_Click);
 
@@ -133,6 +135,24 @@ void frmMain::connectFields()
                                },
                                {}});
     }
+}
+
+/// What never takes input looks like the page, not like a field.
+void frmMain::colourTotals()
+{
+    for (QLineEdit *total : {m_ui->txtTotalPaid, m_ui->txtTotalVal, m_ui->txtTotalSales}) {
+        QPalette colours;
+        colours.setBrush(QPalette::Base, palette().brush(QPalette::Window));
+        total->setPalette(colours);
+    }
+}
+
+// The desktop may turn from light to dark while the window is open.
+void frmMain::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        colourTotals();
 }
 
 void frmMain::connectButtons()
@@ -207,7 +227,10 @@ void frmMain::Form_Load()
     m_shared.HelpFilePath = pathInAnyCase(m_shared.AppFolder, u"coin.hlp"_s);
     m_shared.DatabasePath = pathInAnyCase(m_shared.AppFolder, u"coin.mdb"_s);
     step([&] { recoverDatabase(m_shared); });
-    step([&] { m_shared.CoinDatabase = openCoinDatabase(m_shared.DatabasePath); });
+    step([&] {
+        m_shared.CoinDatabase =
+            openCoinDatabase(m_shared.DatabasePath, shownProgress(m_shared.desktop, u"Open"_s, false));
+    });
     step([&] { Form_Activate(); });
     step([&] { m_shared.CoinRecordset = openCoins(coinDatabase(m_shared), m_shared.SortOrder); });
     m_seenRepairs = m_shared.DatabaseRepairs;

@@ -1,6 +1,7 @@
 #include "engine/Companions.h"
 #include "engine/Schema.h"
 #include "engine/SqlFunctions.h"
+#include "engine/WatchedWork.h"
 #include <SQLiteCpp/Column.h>
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Transaction.h>
@@ -52,16 +53,19 @@ std::vector<Filling> neededFillings(SQLite::Database &connection, const Schema &
 
 } // namespace
 
-void fillCompanions(SQLite::Database &connection, const Schema &schema, bool mayWait)
+void fillCompanions(SQLite::Database &connection, const Schema &schema, bool mayWait,
+                    const FileProgress &progress)
 {
     const std::vector<Filling> needed = neededFillings(connection, schema);
     if (needed.empty())
         return;
     try {
-        SQLite::Transaction transaction(connection);
-        for (const Filling &filling : needed)
-            filling.run(connection);
-        transaction.commit();
+        WatchedWork(connection, [&] { tell(progress, FileStage::Ordering); }).run([&] {
+            SQLite::Transaction transaction(connection);
+            for (const Filling &filling : needed)
+                filling.run(connection);
+            transaction.commit();
+        });
     } catch (const SQLite::Exception &error) {
         if (!mayWait || error.getErrorCode() != SQLITE_BUSY)
             throw;

@@ -4,10 +4,11 @@
 namespace obelmark {
 
 std::unique_ptr<Database> Database::open(const QString &path, Access access,
-                                         const QStringList &requiredTables, const FaultHook &faultHook)
+                                         const QStringList &requiredTables, const FaultHook &faultHook,
+                                         const FileProgress &progress)
 {
     return std::unique_ptr<Database>(
-        new Database(std::make_shared<DatabaseCore>(path, access, requiredTables, faultHook)));
+        new Database(std::make_shared<DatabaseCore>(path, access, requiredTables, faultHook, progress)));
 }
 
 Database::Database(std::shared_ptr<DatabaseCore> core) : d(std::move(core)) {}

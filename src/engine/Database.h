@@ -2,6 +2,7 @@
 
 #include "engine/Dynaset.h"
 #include "engine/FaultHook.h"
+#include "engine/FileProgress.h"
 #include "engine/Snapshot.h"
 #include <QString>
 #include <QStringList>
@@ -26,10 +27,12 @@ public:
     };
 
     /// \a requiredTables must be there, else the file is no database of ours (UnrecognizedFormat).
+    /// \a progress is told while companions are filled (FileStage::Ordering).
     /// \throws DatabaseFileNotFound, InvalidPath, FileInUse, DatabaseDamaged, UnrecognizedFormat,
     ///         PermissionDenied
     static std::unique_ptr<Database> open(const QString &path, Access access,
-                                          const QStringList &requiredTables, const FaultHook &faultHook = {});
+                                          const QStringList &requiredTables, const FaultHook &faultHook = {},
+                                          const FileProgress &progress = {});
 
     /// Closes the file; every recordset still open on it answers ObjectClosed from then on.
     ~Database();

@@ -45,7 +45,7 @@ void configure(SQLite::Database &connection)
 } // namespace
 
 DatabaseCore::DatabaseCore(const QString &path, Database::Access access, const QStringList &requiredTables,
-                           const FaultHook &faultHook)
+                           const FaultHook &faultHook, const FileProgress &progress)
     : m_path(existingFile(path)), m_access(access), m_faultHook(faultHook)
 {
     meetFault(FaultPoint::Open);
@@ -54,7 +54,7 @@ DatabaseCore::DatabaseCore(const QString &path, Database::Access access, const Q
         m_schema.emplace(*m_connection);
         checkTables(requiredTables);
         if (!sqlite3_db_readonly(m_connection->getHandle(), "main"))
-            fillCompanions(*m_connection, *m_schema, access == Database::Access::Shared);
+            fillCompanions(*m_connection, *m_schema, access == Database::Access::Shared, progress);
     });
 }
 

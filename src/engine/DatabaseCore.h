@@ -30,7 +30,7 @@ class DatabaseCore
 {
 public:
     DatabaseCore(const QString &path, Database::Access access, const QStringList &requiredTables,
-                 const FaultHook &faultHook);
+                 const FaultHook &faultHook, const FileProgress &progress);
     ~DatabaseCore();
     DatabaseCore(const DatabaseCore &) = delete;
     DatabaseCore &operator=(const DatabaseCore &) = delete;

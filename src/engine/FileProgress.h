@@ -5,7 +5,7 @@
 
 namespace obelmark {
 
-enum class FileStage { Copying, Compacting, Checking };
+enum class FileStage { Copying, Compacting, Checking, Ordering, Rescuing };
 
 /// Told every few milliseconds how far the work on a whole database file is; a total of 0 means that nobody
 /// knows it. Answers whether the work is to go on.
@@ -15,5 +15,12 @@ using FileProgress = std::function<bool(FileStage stage, qint64 done, qint64 tot
 struct FileWorkStopped
 {
 };
+
+/// Tells \a progress, when there is one, and stops the work when asked to.
+inline void tell(const FileProgress &progress, FileStage stage, qint64 done = 0, qint64 total = 0)
+{
+    if (progress && !progress(stage, done, total))
+        throw FileWorkStopped();
+}
 
 } // namespace obelmark

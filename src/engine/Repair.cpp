@@ -55,7 +55,7 @@ QString replaceDamaged(const QString &path, const QString &newPath)
 
 } // namespace
 
-RepairReport repairDatabase(const QString &path, const QString &keyTable)
+RepairReport repairDatabase(const QString &path, const QString &keyTable, const FileProgress &progress)
 {
     const QString file = QFileInfo(path).canonicalFilePath();
     if (file.isEmpty())
@@ -67,7 +67,7 @@ RepairReport repairDatabase(const QString &path, const QString &keyTable)
 
     RepairReport report;
     report.tables = withSqlErrors({SqlActivity::Kind::Writing, newPath, {}},
-                                  [&] { return copyReadable(damaged, newPath, keyTable); });
+                                  [&] { return copyReadable(damaged, newPath, keyTable, progress); });
     QFile::setPermissions(newPath, QFile::permissions(file));
     flushToDisk(newPath);
     report.damagedFilePath = replaceDamaged(file, newPath);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/FileProgress.h"
 #include <QList>
 #include <QString>
 
@@ -29,9 +30,10 @@ struct RepairReport
 ///
 /// A row is saved when its place in the file makes sense; a column of it that lies in a lost part of the file
 /// becomes null. Tables of other tools that have no row ids come out empty, virtual tables are left out.
+/// \a progress is told meanwhile (FileStage::Rescuing).
 /// \throws DatabaseFileNotFound, FileInUse; DatabaseDamaged or UnrecognizedFormat, the file untouched, when
 ///         \a keyTable cannot be read; DiskFull and others, the file untouched, when the new file cannot be
 ///         written
-RepairReport repairDatabase(const QString &path, const QString &keyTable);
+RepairReport repairDatabase(const QString &path, const QString &keyTable, const FileProgress &progress = {});
 
 } // namespace obelmark

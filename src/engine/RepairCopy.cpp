@@ -2,6 +2,7 @@
 
 #include "engine/EngineError.h"
 #include "engine/RepairTable.h"
+#include "engine/WatchedWork.h"
 #include <QHash>
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <algorithm>
@@ -119,12 +120,9 @@ std::vector<TableCopy> copyTables(SalvageFile &damaged, const SalvagedSchema &sc
     return tables;
 }
 
-} // namespace
-
-QList<RepairReport::Table> copyReadable(SalvageFile &damaged, const QString &newPath, const QString &keyTable)
+QList<RepairReport::Table> copyInto(SQLite::Database &target, SalvageFile &damaged, const QString &keyTable)
 {
     const SalvagedSchema schema = readSchema(damaged);
-    SQLite::Database target(newPath.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
     // Nothing need survive a crash: the file counts for nothing before it is complete.
     target.exec(
         "pragma journal_mode = memory; pragma synchronous = off; pragma ignore_check_constraints = on;"
@@ -154,6 +152,17 @@ QList<RepairReport::Table> copyReadable(SalvageFile &damaged, const QString &new
     if (target.execAndGet("pragma integrity_check").getString() != "ok")
         throw EngineError(DatabaseDamaged, damaged.path());
     return report;
+}
+
+} // namespace
+
+QList<RepairReport::Table> copyReadable(SalvageFile &damaged, const QString &newPath, const QString &keyTable,
+                                        const FileProgress &progress)
+{
+    SQLite::Database target(newPath.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+    return WatchedWork(target, [&] { tell(progress, FileStage::Rescuing); }).run([&] {
+        return copyInto(target, damaged, keyTable);
+    });
 }
 
 } // namespace obelmark

@@ -4,13 +4,13 @@
 #include "engine/ErrorMapping.h"
 #include "engine/JournalFiles.h"
 #include "engine/LockedFile.h"
+#include "engine/WatchedWork.h"
 #include "runtime/SafeFile.h"
 #include <QFile>
 #include <QFileInfo>
 #include <QScopeGuard>
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <cerrno>
-#include <exception>
 #include <fcntl.h>
 #include <sqlite3.h>
 #include <sys/stat.h>
@@ -24,59 +24,8 @@ namespace {
 
 constexpr qint64 pieceSize = 1024 * 1024;
 
-/// Instructions of SQLite's between two looks: a few milliseconds.
-constexpr int instructionsBetweenLooks = 20'000;
-
 /// Pages kept in memory while a file is checked, in KiB: every row is looked up in every index.
 constexpr char checkingCache[] = "pragma cache_size = -65536";
-
-void tell(const FileProgress &progress, FileStage stage, qint64 done, qint64 total)
-{
-    if (!progress(stage, done, total))
-        throw FileWorkStopped();
-}
-
-/// Takes looks at what is going on while SQLite works. What they raise ends the work and comes out of it.
-class WatchedWork
-{
-public:
-    WatchedWork(SQLite::Database &connection, std::function<void()> look)
-        : m_connection(connection), m_look(std::move(look))
-    {
-        sqlite3_progress_handler(m_connection.getHandle(), instructionsBetweenLooks, takeLook, this);
-    }
-    ~WatchedWork() { sqlite3_progress_handler(m_connection.getHandle(), 0, nullptr, nullptr); }
-    Q_DISABLE_COPY_MOVE(WatchedWork)
-
-    template<class Work>
-    auto run(Work &&work)
-    {
-        try {
-            return work();
-        } catch (const SQLite::Exception &) {
-            if (m_raised)
-                std::rethrow_exception(m_raised);
-            throw;
-        }
-    }
-
-private:
-    static int takeLook(void *self) noexcept
-    {
-        auto &work = *static_cast<WatchedWork *>(self);
-        try {
-            work.m_look();
-            return 0;
-        } catch (...) {
-            work.m_raised = std::current_exception();
-            return 1;
-        }
-    }
-
-    SQLite::Database &m_connection;
-    std::function<void()> m_look;
-    std::exception_ptr m_raised;
-};
 
 [[noreturn]] void raiseFileError(const QFile &file)
 {
@@ -191,7 +140,7 @@ bool isWholeCopy(LockedFile &original, const QString &path, const FileProgress &
     return withSqlErrors({SqlActivity::Kind::Opening, path, {}}, [&] {
         SQLite::Database copy(path.toStdString(), SQLite::OPEN_READONLY | SQLite::OPEN_NOMUTEX);
         copy.exec(checkingCache);
-        WatchedWork work(copy, [&] { tell(progress, FileStage::Checking, 0, 0); });
+        WatchedWork work(copy, [&] { tell(progress, FileStage::Checking); });
         return work.run([&] {
             return copy.execAndGet("pragma integrity_check(1)").getString() == "ok" &&
                    rowCounts(copy) == rowCounts(original.connection());

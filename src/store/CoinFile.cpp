@@ -19,8 +19,10 @@ const QStringList &requiredTables()
     return tables;
 }
 
+constexpr int coinsBetweenLooks = 200;
+
 /// Another tool that changed a catalogue number has left its sort key null.
-void fillCatalogueSortKeys(Database &database)
+void fillCatalogueSortKeys(Database &database, const FileProgress &progress)
 {
     const auto index = database.openSnapshot(
         u"select name from sqlite_master where type = 'index' and name = 'coin_catsort_stale'"_s);
@@ -32,7 +34,10 @@ void fillCatalogueSortKeys(Database &database)
         return;
     Transaction transaction(database);
     const auto coins = database.openDynaset(u"select * from Coin"_s);
-    for (; !stale->eof(); stale->moveNext()) {
+    const qint64 count = stale->recordCount();
+    for (qint64 done = 0; !stale->eof(); stale->moveNext(), ++done) {
+        if (done % coinsBetweenLooks == 0)
+            tell(progress, FileStage::Ordering, done, count);
         coins->findFirst(u"coinid = %1"_s.arg(stale->value(u"coinid").toInt()));
         coins->edit();
         coins->setValue(u"catsort", MakeCatSort(stale->value(u"catnum").toText()));
@@ -43,10 +48,10 @@ void fillCatalogueSortKeys(Database &database)
 
 } // namespace
 
-std::unique_ptr<Database> openCoinDatabase(const QString &path)
+std::unique_ptr<Database> openCoinDatabase(const QString &path, const FileProgress &progress)
 {
-    auto database = Database::open(path, Database::Access::Exclusive, requiredTables());
-    fillCatalogueSortKeys(*database);
+    auto database = Database::open(path, Database::Access::Exclusive, requiredTables(), {}, progress);
+    fillCatalogueSortKeys(*database, progress);
     return database;
 }
 

@@ -11,7 +11,7 @@ struct SharedState;
 
 /// Opens the coin database exclusively and fills the catalogue sort keys that other tools have left empty.
 /// \throws what Database::open() throws
-std::unique_ptr<Database> openCoinDatabase(const QString &path);
+std::unique_ptr<Database> openCoinDatabase(const QString &path, const FileProgress &progress = {});
 
 /// All coins in one of the three sort orders: 1 description, 2 catalogue number, 3 year.
 std::unique_ptr<Dynaset> openCoins(Database &database, int sortOrder);

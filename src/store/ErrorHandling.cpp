@@ -1,6 +1,7 @@
 #include "store/ErrorHandling.h"
 
 #include "common/SharedState.h"
+#include "common/ShownProgress.h"
 #include "desktop/Desktop.h"
 #include "engine/EngineError.h"
 #include "engine/Repair.h"
@@ -60,8 +61,10 @@ void repairCoinDatabase(SharedState &shared)
     shared.CoinRecordset.reset();
     shared.CoinDatabase.reset();
     try {
-        const RepairReport report = repairDatabase(shared.DatabasePath, u"Coin"_s);
-        shared.CoinDatabase = openCoinDatabase(shared.DatabasePath);
+        FileProgress progress = shownProgress(shared.desktop, u"Repair"_s, false);
+        const RepairReport report = repairDatabase(shared.DatabasePath, u"Coin"_s, progress);
+        shared.CoinDatabase = openCoinDatabase(shared.DatabasePath, progress);
+        progress = {};
         if (recordsetWasOpen)
             shared.CoinRecordset = openCoins(*shared.CoinDatabase, shared.SortOrder);
         ++shared.DatabaseRepairs;

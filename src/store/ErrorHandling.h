@@ -13,8 +13,8 @@ struct SharedState;
 /// and ends the program.
 void DbErrorHandler(SharedState &shared, const NumberedError &error);
 
-/// Ends the program at once, without unloading a window. The database is let go of first, so that no journal stays
-/// beside it; what has not been committed is not saved.
+/// Ends the program at once, without unloading a window. The database is let go of first, so that no journal
+/// stays beside it; what has not been committed is not saved.
 [[noreturn]] void endProgram(SharedState &shared);
 
 /// Raised by attempt() after a database that was in use has been repaired: the recordsets on it are gone and

@@ -273,6 +273,13 @@ void Damage::keepsEveryDamagedFile()
         QVERIFY(!QFile::exists(m_path + u"-journal"_s));
         QCOMPARE(QFile::permissions(m_path) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
     }
+    setFileContent(m_path, damaged);
+    const QStringList before = QDir(m_file->folder()).entryList(QDir::Files);
+    const auto stop = [&](FileStage stage, qint64, qint64) { return stage != FileStage::Rescuing; };
+    QVERIFY_THROWS_EXCEPTION(FileWorkStopped, repairDatabase(m_path, u"Coin"_s, stop));
+    QVERIFY(fileContent(m_path) == damaged);
+    QCOMPARE(QDir(m_file->folder()).entryList(QDir::Files), before);
+    repairDatabase(m_path, u"Coin"_s);
     const auto user = m_file->open();
     QCOMPARE(errorOf([&] { repairDatabase(m_path, u"Coin"_s); }), int(FileInUse));
 }

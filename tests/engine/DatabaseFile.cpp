@@ -23,6 +23,7 @@ private slots:
     void shared();
     void changesByOtherTools_data();
     void changesByOtherTools();
+    void stoppedWhileOrdering();
     void leavesTheSchemaAlone();
     void fullDisk();
 
@@ -202,6 +203,26 @@ void DatabaseFile::changesByOtherTools()
     QCOMPARE(file.shell(u"select count(*) from category where catdescsort is null and catdesc is not null; "
                         u"pragma integrity_check;"_s),
              u"0\nok"_s);
+}
+
+void DatabaseFile::stoppedWhileOrdering()
+{
+    const CoinFile file;
+    file.shell(u"with n(i) as (values (1) union all select i + 1 from n where i < 3000) "
+               u"insert into category(catdesc) select 'Z' || i from n;"_s);
+    const QByteArray content = read(file.path());
+    QList<FileStage> told;
+    const FileProgress stop = [&](FileStage stage, qint64, qint64) {
+        told << stage;
+        return false;
+    };
+    const auto open = [&] { Database::open(file.path(), Database::Access::Exclusive, {}, {}, stop); };
+    QVERIFY_THROWS_EXCEPTION(FileWorkStopped, open());
+    QCOMPARE(told, QList{FileStage::Ordering});
+    QVERIFY(read(file.path()) == content);
+    file.open();
+    open(); // nothing left to do, nothing to stop
+    QCOMPARE(told.size(), 1);
 }
 
 void DatabaseFile::leavesTheSchemaAlone()

@@ -1,7 +1,7 @@
 #include "backup/windows/frmBackup.h"
 
 #include "backup/Backup.h"
-#include "backup/ShownProgress.h"
+#include "common/ShownProgress.h"
 #include "common/SharedState.h"
 #include "desktop/Desktop.h"
 #include "forms/HelpKey.h"

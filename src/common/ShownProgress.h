@@ -7,7 +7,8 @@ namespace obelmark {
 
 class Desktop;
 
-/// Shows the user how far the work is for as long as it lives; Cancel stops the work.
+/// Shows the user how far the work is for as long as it lives; Cancel, when \a cancellable, stops the work.
+/// Work that never tells of itself costs nothing.
 FileProgress shownProgress(Desktop &desktop, const QString &title, bool cancellable = true);
 
 } // namespace obelmark

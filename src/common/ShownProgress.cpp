@@ -1,4 +1,4 @@
-#include "backup/ShownProgress.h"
+#include "common/ShownProgress.h"
 
 #include "desktop/Desktop.h"
 
@@ -13,6 +13,10 @@ static QString textOf(FileStage stage)
         return u"Copying the database..."_s;
     case FileStage::Compacting:
         return u"Compacting the database..."_s;
+    case FileStage::Ordering:
+        return u"Putting the records in order..."_s;
+    case FileStage::Rescuing:
+        return u"Saving what can be read..."_s;
     case FileStage::Checking:
         break;
     }
@@ -21,9 +25,12 @@ static QString textOf(FileStage stage)
 
 FileProgress shownProgress(Desktop &desktop, const QString &title, bool cancellable)
 {
-    return
-        [box = std::shared_ptr<Progress>(desktop.showProgress(title, cancellable))](
-            FileStage stage, qint64 done, qint64 total) { return box->update(textOf(stage), done, total); };
+    const auto shown = std::make_shared<std::unique_ptr<Progress>>();
+    return [shown, &desktop, title, cancellable](FileStage stage, qint64 done, qint64 total) {
+        if (!*shown)
+            *shown = desktop.showProgress(title, cancellable);
+        return (*shown)->update(textOf(stage), done, total);
+    };
 }
 
 } // namespace obelmark
