@@ -3,7 +3,6 @@
 #include "engine/NameIndex.h"
 #include "old_collections/OldValues.h"
 #include <QFile>
-#include <QFileInfo>
 #include <QtEndian>
 #include <memory>
 
@@ -135,6 +134,11 @@ private:
     std::vector<MdbField> m_fields;
 };
 
+File openBytes(uchar *bytes, qint64 size)
+{
+    return {bytes ? mdb_open_buffer(bytes, size_t(size), MDB_NOFLAGS) : nullptr, &mdb_close};
+}
+
 Table open(MdbCatalogEntry &entry)
 {
     Table table(mdb_read_table(&entry), &mdb_free_tabledef);
@@ -145,11 +149,17 @@ Table open(MdbCatalogEntry &entry)
 
 } // namespace
 
-void readOldFile(const QString &path, const QString &wanted, OldFileVisitor &visitor)
+bool readOldFile(const QString &path, const QString &wanted, OldFileVisitor &visitor)
 {
-    const File file(mdb_open(QFile::encodeName(path).constData(), MDB_NOFLAGS), &mdb_close);
-    if (!file || QFileInfo(path).size() < file->fmt->pg_size)
+    QFile source(path);
+    uchar *bytes = source.open(QIODevice::ReadOnly) ? source.map(0, source.size()) : nullptr;
+    File file = openBytes(bytes, source.size());
+    if (!file || source.size() < file->fmt->pg_size)
         throw OldFileError(u"It cannot be opened or is damaged."_s);
+    // The library would take the missing rest of a page for zeros, and those for fields that are null.
+    const qint64 wholePages = source.size() / file->fmt->pg_size * file->fmt->pg_size;
+    if (wholePages < source.size())
+        file = openBytes(bytes, wholePages);
     if (hasPassword(*file))
         throw OldFileError(
             u"It is protected by a password.  Remove the password with the program that has set it, "
@@ -172,6 +182,7 @@ void readOldFile(const QString &path, const QString &wanted, OldFileVisitor &vis
         const Table table = open(*entry);
         visitor.beginTable({QString::fromUtf8(entry->object_name), table ? table->num_rows : 0, 0, {}});
     }
+    return wholePages == source.size();
 }
 
 } // namespace obelmark

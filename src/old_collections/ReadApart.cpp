@@ -162,8 +162,8 @@ void setLimits(const QString &path)
             ::_exit(1);
         Teller teller(pipe);
         try {
-            readOldFile(path, wanted, teller);
-            teller.tell(Frame::End);
+            if (readOldFile(path, wanted, teller))
+                teller.tell(Frame::End);
         } catch (const OldFileError &error) {
             teller.tell(Frame::Failure, error.reason());
         }

@@ -43,6 +43,7 @@ class DamagedFiles : public QObject
 private slots:
     void refused_data();
     void refused();
+    void partlyReadable_data();
     void partlyReadable();
     void anyDamage();
     void noRoom_data();
@@ -83,21 +84,33 @@ void DamagedFiles::refused()
     QCOMPARE(f.read(u"coin.mdb"_s), bytes);
 }
 
+void DamagedFiles::partlyReadable_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("records");
+    const QByteArray whole = OldCollectionFixture::original();
+    QByteArray lostPlace = whole;
+    putNumber<quint16>(lostPlace, pageOf(whole, u"Circulating") + 14, 0x1fff); // of the page's first row
+    QTest::newRow("a row's place") << lostPlace
+                                   << u"Coin: 409\nboughtfrom: 4\ncategory: 4 of 6, 2 unreadable records\n"
+                                      "condition: 8\ncountry: 9\nformat: 5\nmint: 7\ntype: 4"_s;
+    QTest::newRow("a byte cut off")
+        << whole.chopped(1) // of the page on which the last coins lie
+        << u"Coin: 396 of 409\nboughtfrom: 4\ncategory: 6\ncondition: 8\ncountry: 9\nformat: 5\nmint: 7\ntype: 4"_s;
+}
+
 /// The user learns what is missing before anything is changed, and decides.
 void DamagedFiles::partlyReadable()
 {
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, records);
     OldCollectionFixture f;
-    QByteArray bytes = f.original();
-    const qsizetype page = pageOf(bytes, u"Circulating");
-    putNumber<quint16>(bytes, page + 14, 0x1fff); // the place of the first row
     f.write(u"coin.mdb"_s, bytes);
     f.agree();
-    f.desktop.answerYesNo(
-        u"'coin.mdb' is damaged: not everything in it can be read.\n\nRecords in each table:\nCoin: 409\n"
-        "boughtfrom: 4\ncategory: 4 of 6, 2 unreadable records\ncondition: 8\ncountry: 9\nformat: 5\nmint: "
-        "7\n"
-        "type: 4\n\nDo you wish to take over what can be read?  The old file is kept either way."_s,
-        u"Older Version"_s, Desktop::Answer::No);
+    f.desktop.answerYesNo(u"'coin.mdb' is damaged: not everything in it can be read.\n\nRecords in each "
+                          "table:\n%1\n\nDo you wish to take over what can be read?  The old file is kept "
+                          "either way."_s.arg(records),
+                          u"Older Version"_s, Desktop::Answer::No);
     QVERIFY(!f.takeOver());
     QCOMPARE(f.desktop.problems(), QStringList());
     QCOMPARE(f.files(), QStringList{u"coin.mdb"_s});
