@@ -129,7 +129,7 @@ private:
             if (options.SelTrue)
                 addCondition(field, {});
             if (options.SelFalse)
-                m_conditions += u" and not "_s + column(field);
+                addCondition(field, u" is not true"_s); // null counts as false
             break;
         }
     }

@@ -108,7 +108,7 @@ const Criterion criteria[] = {
      [](Report &r) { r.of(Bought).StartValue = r.of(Bought).EndValue = at(u"2005-01-05T18:00:00"_s); },
      "PurchaseDate = '2005-01-05'"},
     {"true", [](Report &r) { r.of(Sold).SelTrue = true; }, "sold = 1"},
-    {"false", [](Report &r) { r.of(Sold).SelFalse = true; }, "sold = 0"},
+    {"false", [](Report &r) { r.of(Sold).SelFalse = true; }, "ifnull(sold, 0) = 0"},
     {"from a time", [](Report &r) { r.of(Struck).StartValue = at(u"1899-12-30T10:30:00"_s); },
      "time(struck) >= '10:30:00'"},
     {"to a time", [](Report &r) { r.of(Struck).EndValue = at(u"1899-12-30T18:15:42"_s); },
@@ -134,7 +134,7 @@ QString coins()
         sql +=
             u"insert into Coin (descr, pricepaid, PurchaseDate, sold, struck, couid, Year, quantity) values "
             "(%1, %2, %3, %4, %5, %6, %7, %8);"_s.arg(descriptions[i % 6], prices[i % 9], dates[i % 7],
-                                                      QStringList{u"0"_s, u"1"_s}[i / 3 % 2], times[i % 5],
+                                                      QStringList{u"0"_s, u"1"_s, u"null"_s}[i / 3 % 3], times[i % 5],
                                                       QStringList{u"null"_s, u"1"_s, u"2"_s, u"3"_s}[i % 4],
                                                       QString::number(1897 + i % 5), QString::number(i + 1));
     }
@@ -218,11 +218,11 @@ private slots:
                 r.of(Bought).EndValue = at(u"0900-01-05"_s);
             },
             u"Select descr, pricepaid, sold, struck, PurchaseDate from coin where  descr like 'O''N*' and "
-            "pricepaid < 1234.5 and pricepaid > -0.5 and not sold and struck >= #10:30:00 AM# and struck <= "
+            "pricepaid < 1234.5 and pricepaid > -0.5 and sold is not true and struck >= #10:30:00 AM# and struck <= "
             "#1/5/2005 6:15:42 PM# and PurchaseDate <= #1/5/0900#"_s);
         add(
             "false alone", {Sold}, [](Report &r) { r.of(Sold).SelFalse = true; },
-            u"Select sold from coin where  not sold"_s);
+            u"Select sold from coin where  sold is not true"_s);
     }
     void query()
     {

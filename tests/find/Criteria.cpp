@@ -46,7 +46,7 @@ private slots:
         QCOMPARE(criteria(year, u"5"_s), u"=: Year = 5, not =: Year <> 5, <: Year < 5, >: Year > 5, "
                                          "<=: Year <= 5, >=: Year >= 5"_s);
         QVERIFY(criteria(issued, u"5/3/1852"_s).endsWith(u">=: issuedate >= #1852-05-03#"_s));
-        QCOMPARE(criteria(sold, {}), u"True: sold = true, False: sold = false"_s);
+        QCOMPARE(criteria(sold, {}), u"True: sold = true, False: sold is not true"_s);
         QCOMPARE(findCriteria(sellerNotes, {0, {}, 9}, regional), u"bouid = 9"_s);
         const QString query = u"select bouid as id, bounotes as descr from boughtfrom"_s;
         QCOMPARE(entriesQuery(sellerNotes), query + u" order by bounotes"_s);
@@ -56,7 +56,7 @@ private slots:
     {
         m_collection.exec(
             u"insert into boughtfrom (bouid, bouDesc, bounotes, BouFav) values (7, 'Zoe', 'z', 1), (8, '', "
-            u"'a', 0);"
+            u"'a', null);"
             "insert into Coin (misc1, descr, pricepaid, Year, issuedate, bouid) values"
             "('A', '1 Liberty''s head 9', 12345000, 1852, '1852-05-03', 7),"
             "('B', 'Nine[ty *', 25055, null, '1852-05-06', 8), ('C', '5 \" of 5', -30000, null, null, null),"
@@ -92,6 +92,7 @@ private slots:
         row("time of day", issued, 3, u"3 May 1852 10:30"_s, u"B"_s);
         row("time alone", timed, 2, u"10:30"_s, u"AB"_s);
         row("favourite", favourite, 0, {}, u"A"_s);
+        row("no favourite", favourite, 1, {}, u"B"_s);
         row("SQL for a number", year, 0, u"1 or 1"_s, u"Search Value Not Numeric"_s);
         row("no entry", sellerNotes, 0, {}, u"No Value Selected"_s);
     }
