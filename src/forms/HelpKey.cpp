@@ -2,6 +2,7 @@
 
 #include "desktop/Desktop.h"
 #include <QApplication>
+#include <QDialog>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
@@ -13,22 +14,35 @@ namespace obelmark {
 HelpKey::HelpKey(QWidget &window, Desktop &desktop, const QString &helpFile)
     : QObject(&window), m_window(window), m_desktop(desktop), m_helpFile(helpFile)
 {
-    auto *key = new QShortcut(Qt::Key_F1, &window);
-    connect(key, &QShortcut::activated, this, [this, &window] {
-        const QWidget *focused = window.focusWidget();
-        showHelpFor(focused ? focused : &window);
-    });
+    listenIn(window);
+    window.installEventFilter(this);
     // A menu that is open keeps all keys to itself.
     const auto menus = window.findChildren<QMenu *>();
     for (QMenu *menu : menus)
         menu->installEventFilter(this);
 }
 
+void HelpKey::listenIn(QWidget &place)
+{
+    auto *key = new QShortcut(Qt::Key_F1, &place);
+    connect(key, &QShortcut::activated, this, [this] {
+        const QWidget *focused = m_window.focusWidget();
+        showHelpFor(focused ? focused : &m_window);
+    });
+}
+
 bool HelpKey::eventFilter(QObject *object, QEvent *event)
 {
-    if (event->type() != QEvent::KeyPress || static_cast<QKeyEvent *>(event)->key() != Qt::Key_F1)
+    if (event->type() == QEvent::ChildPolished) {
+        auto *box = qobject_cast<QDialog *>(static_cast<QChildEvent *>(event)->child());
+        if (box && !box->findChild<HelpKey *>({}, Qt::FindDirectChildrenOnly))
+            listenIn(*box);
         return false;
-    const QObject *item = qobject_cast<QMenu *>(object)->activeAction();
+    }
+    const auto *menu = qobject_cast<QMenu *>(object);
+    if (!menu || event->type() != QEvent::KeyPress || static_cast<QKeyEvent *>(event)->key() != Qt::Key_F1)
+        return false;
+    const QObject *item = menu->activeAction();
     if (!item)
         item = object;
     // The help window comes when the menus have closed and the menu bar has given the focus back: later it

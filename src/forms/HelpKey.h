@@ -10,7 +10,9 @@ namespace obelmark {
 class Desktop;
 
 /// F1 in a window opens the help file on the topic of the widget with the focus, or of the highlighted menu
-/// item: the number in its dynamic property "helpTopic" or, without one, that of what it lies in.
+/// item: the number in its dynamic property "helpTopic" or, without one, that of what it lies in. In a box of
+/// the window that has no help of its own (a message, the calendar) it opens the topic of the widget that the
+/// box has come from.
 class HelpKey : public QObject
 {
     Q_OBJECT
@@ -24,6 +26,7 @@ protected:
     bool eventFilter(QObject *object, QEvent *event) override;
 
 private:
+    void listenIn(QWidget &place);
     void showHelpFor(const QObject *object);
 
     QWidget &m_window;

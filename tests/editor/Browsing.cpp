@@ -1,4 +1,5 @@
 #include "EditorFixture.h"
+#include <QDialog>
 
 using namespace obelmark;
 
@@ -205,16 +206,22 @@ private slots:
         gui::press(Qt::Key_F1);
         e.enter(u"dcIssueDate");
         gui::press(Qt::Key_F1);
+        QDialog box(e.window.get()); // a message, the calendar
+        QPushButton ok(&box);
+        box.open();
+        QVERIFY(gui::activate(box));
+        QTest::keyClick(&ok, Qt::Key_F1);
+        box.close();
         auto &menu = e.the<QMenu>(u"mnuReportsMenu");
         menu.popup(QPoint(0, 0));
         menu.setActiveAction(&e.the<QAction>(u"mnuRptForSale"));
         QTest::keyClick(&menu, Qt::Key_F1);
         QVERIFY(!menu.isVisible());
-        QVERIFY(gui::waitUntil([&] { return e.desktop.calls().size() == 3; }, "help on the menu item"));
+        QVERIFY(gui::waitUntil([&] { return e.desktop.calls().size() == 4; }, "help on the menu item"));
         QList<int> topics;
         for (const auto &call : e.desktop.calls())
             topics << call.topic;
-        QCOMPARE(topics, QList<int>({32, 40, 73}));
+        QCOMPARE(topics, QList<int>({32, 40, 40, 73}));
         QVERIFY(e.desktop.calls().first().text.endsWith(u"/coin.hlp"));
         QVERIFY(e.isBrowsing());
 
