@@ -1,5 +1,6 @@
 // The composition root: makes the shared state and the windows, nothing else.
 #include "common/SharedState.h"
+#include "desktop/qt/DropDownStyle.h"
 #include "desktop/qt/RealDesktop.h"
 #include "editor/Program.h"
 #include "editor/ProgramWindows.h"
@@ -7,6 +8,9 @@
 #include <QIcon>
 
 namespace {
+
+/// Letters typed into a list after a longer pause begin a new text.
+constexpr int slowestTypingMs = 1000;
 
 QIcon programIcon()
 {
@@ -24,6 +28,8 @@ int main(int argc, char *argv[])
     QApplication::setApplicationName(QStringLiteral("Obelmark"));
     QApplication::setDesktopFileName(QStringLiteral("obelmark"));
     QApplication::setWindowIcon(programIcon());
+    QApplication::setStyle(new obelmark::DropDownStyle);
+    QApplication::setKeyboardInputInterval(slowestTypingMs);
     // Backup and packing close the main window for a while.
     QApplication::setQuitOnLastWindowClosed(false);
 

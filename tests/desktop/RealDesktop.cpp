@@ -1,8 +1,11 @@
 #include "desktop/qt/RealDesktop.h"
+#include "desktop/qt/DropDownStyle.h"
 #include "support/GuiDriver.h"
 
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -68,6 +71,33 @@ private slots:
                                     QVERIFY(gui::press(Qt::Key_Escape));
                                     QVERIFY(!box->isVisible());
                                 }));
+    }
+
+    void typingIntoDropDownList_data()
+    {
+        QTest::addColumn<bool>("open");
+        QTest::newRow("closed") << false;
+        QTest::newRow("opened by a blank that follows nothing") << true;
+    }
+
+    void typingIntoDropDownList()
+    {
+        QFETCH(bool, open);
+        DropDownStyle style;
+        QComboBox list(&m_window);
+        list.setStyle(&style);
+        list.addItems({u"Uganda"_s, u"United Arab Emirates"_s, u"United States"_s, u"Vatican"_s});
+        list.show();
+        list.setFocus();
+        if (open)
+            QTest::keyClick(&list, Qt::Key_Space);
+        QCOMPARE(list.view()->isVisible(), open);
+        QWidget *typedInto = open ? static_cast<QWidget *>(list.view()) : &list;
+        QTest::keyClicks(typedInto, u"united s"_s);
+        QCOMPARE(list.view()->isVisible(), open);
+        QTest::keyClick(typedInto, Qt::Key_Return);
+        QCOMPARE(list.currentText(), u"United States"_s);
+        m_field.setFocus();
     }
 
     void titleOfMessageWithoutOne()
