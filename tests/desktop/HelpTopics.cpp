@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
+#include <QImageReader>
 #include <QRegularExpression>
 #include <QSet>
 #include <QTemporaryDir>
@@ -48,6 +49,61 @@ QStringList values(const QString &text, const QString &attribute)
     return captures(text, attribute + u"=\"([^\"]*)\""_s);
 }
 
+/// What is wrong with the pictures of the pages: missing or unreadable, wider than the help window shows, not
+/// in the help file, shown nowhere.
+QStringList pictureFaults(const QDir &folder, const QString &project)
+{
+    constexpr int widest = 570;
+    const QStringList listed = captures(project, u"<file>([^<]*)"_s);
+    QStringList faults;
+    QStringList shown;
+    for (const QString &page : folder.entryList({u"*.html"_s})) {
+        for (const QString &picture : values(contentOf(folder.filePath(page)), u"<img\\s+src"_s)) {
+            const QImage image = QImageReader(folder.filePath(picture)).read();
+            if (image.isNull() || image.width() > widest)
+                faults << page + u" cannot show "_s + picture;
+            if (!QDir::match(listed, picture))
+                faults << picture + u" is not in the help file"_s;
+            shown << picture;
+        }
+    }
+    for (const QString &file : QDir(folder.filePath(u"pictures"_s)).entryList(QDir::Files)) {
+        if (!shown.contains(u"pictures/"_s + file))
+            faults << file + u" is not shown"_s;
+    }
+    return faults;
+}
+
+/// Everything that the texts of the sources below \a folder say: literals joined where the compiler joins
+/// them, a row of blanks as one, "…" in place of what is filled in.
+QString saidBySources(const QString &folder)
+{
+    QString said;
+    QDirIterator it(folder, {u"*.cpp"_s, u"*.ui"_s}, QDir::Files, QDirIterator::Subdirectories);
+    while (it.hasNext())
+        said += contentOf(it.next());
+    return said.remove(QRegularExpression(u"\"\\s*\n\\s*u?\""_s))
+        .replace(QRegularExpression(u"%\\d"_s), u"…"_s)
+        .simplified();
+}
+
+/// The messages that the pages quote and the program does not say so.
+QStringList wrongQuotes(const QDir &folder, const QString &said)
+{
+    QStringList faults;
+    for (const QString &page : folder.entryList({u"*.html"_s})) {
+        for (QString quote :
+             captures(contentOf(folder.filePath(page)), u"&ldquo;([^&]*(?:&(?!rdquo)[^&]*)*)"_s)) {
+            quote.replace(u"&hellip;"_s, u"…"_s).replace(u"&nbsp;"_s, u" "_s);
+            for (const QString &part : quote.simplified().split(u"…"_s)) {
+                if (!said.contains(part))
+                    faults << page + u" quotes wrongly: "_s + part;
+            }
+        }
+    }
+    return faults;
+}
+
 /// What is wrong with the help whose sources lie in \a folder.
 QStringList faultsOf(const QDir &folder, const QSet<QString> &askedFor)
 {
@@ -79,6 +135,7 @@ QStringList faultsOf(const QDir &folder, const QSet<QString> &askedFor)
         if (!pages.contains(page))
             faults << page + u" is missing"_s;
     }
+    faults << pictureFaults(folder, project);
     faults.sort();
     return faults;
 }
@@ -99,7 +156,9 @@ private slots:
     void helpIsComplete()
     {
         const QString source = QStringLiteral(OBELMARK_SOURCE_DIR);
-        const QStringList faults = faultsOf(source + u"/data/help"_s, pagesAskedFor(source + u"/src"_s));
+        const QDir help(source + u"/data/help"_s);
+        const QStringList faults = faultsOf(help, pagesAskedFor(source + u"/src"_s)) +
+                                   wrongQuotes(help, saidBySources(source + u"/src"_s));
         QVERIFY2(faults.isEmpty(), qPrintable(faults.join(u'\n')));
     }
 
@@ -127,6 +186,33 @@ private slots:
             << listed << anchor << u".helpTopic = 1, {\"helpTopic\", 2}"_s << u"topic-2.html is missing"_s;
         QTest::newRow("stale page") << listed << anchor << u"constexpr int firstTopic = 12;"_s
                                     << u"topic-1.html is not asked for; topic-12.html is missing"_s;
+    }
+
+    void pictureFaultsAreSeen()
+    {
+        const QTemporaryDir folder;
+        QVERIFY(QDir(folder.path()).mkdir(u"pictures"_s));
+        for (const int width : {540, 700})
+            QVERIFY(
+                QImage(width, 9, QImage::Format_Mono).save(folder.filePath(u"pictures/%1.png"_s.arg(width))));
+        write(folder.filePath(u"pictures/stray.png"_s), u"x"_s);
+        write(
+            folder.filePath(u"topic-1.html"_s),
+            u"<img src=\"pictures/540.png\"><img src=\"pictures/700.png\"><img src=\"pictures/none.png\">"_s);
+        QCOMPARE(pictureFaults(folder.path(), u"<file>*/5*.png</file>"_s).join(u"; "_s),
+                 u"topic-1.html cannot show pictures/700.png; pictures/700.png is not in the help file; "
+                 "topic-1.html cannot show pictures/none.png; pictures/none.png is not in the help file; "
+                 "stray.png is not shown"_s);
+    }
+
+    void wrongQuotesAreSeen()
+    {
+        const QTemporaryDir folder;
+        write(folder.filePath(u"box.cpp"_s), u"say(u\"There is no  \"\n    \"file '%1'.\"_s)"_s);
+        write(folder.filePath(u"topic-1.html"_s),
+              u"&ldquo;There is no&nbsp; file '&hellip;'.&rdquo; &ldquo;There is no\nfile.&rdquo;"_s);
+        QCOMPARE(wrongQuotes(folder.path(), saidBySources(folder.path())),
+                 QStringList{u"topic-1.html quotes wrongly: There is no file."_s});
     }
 
     void faultsAreSeen()

@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTextBlock>
@@ -305,6 +306,26 @@ private slots:
         QVERIFY(gui::activate(*m_window));
         QVERIFY(gui::click(gui::find<QPushButton>(*m_window, u"cmdBack"_s)));
         QCOMPARE(browser().source(), pageOf(8));
+    }
+
+    void picturesFitThePage()
+    {
+        m_window->resize(1100, 600);
+        m_window->showTopic(8);
+        QVERIFY(gui::activate(*m_window));
+        const double wide = browser().document()->size().height();
+        browser().scrollToAnchor(u"deleting"_s);
+        const auto lineAtTop = [this] { return browser().cursorForPosition(QPoint()).block().text(); };
+        const QString atTop = lineAtTop();
+        QVERIFY(!atTop.isEmpty());
+
+        for (const int width : {700, 550, 1100}) {
+            m_window->resize(width, 600);
+            QTRY_COMPARE(m_window->width(), width);
+            QCOMPARE(browser().horizontalScrollBar()->maximum(), 0);
+            QCOMPARE(lineAtTop(), atTop);
+        }
+        QCOMPARE(browser().document()->size().height(), wide); // the pictures are in their own size again
     }
 };
 
