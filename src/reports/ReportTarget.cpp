@@ -20,9 +20,9 @@ std::unique_ptr<ReportTarget> ReportTarget::choose(Kind kind, SharedState &share
         shared.FindCancelled = true;
         return nullptr;
     }
+    requireNotCollection(*path, shared);
     if (ConfirmReplaceFile(shared.desktop, *path))
         return nullptr;
-    requireNotCollection(*path, shared);
     if (kind == Kind::TextFile)
         return std::make_unique<TextFileTarget>(*path);
     return std::make_unique<HtmlFileTarget>(*path);

@@ -347,7 +347,7 @@ second; last</td></tr>
         const QString file = f.collection.folder() + path;
         f.shared.OutputTarget = 2;
         f.answerTextFile(u"CoinDesc.txt"_s, file);
-        if (QFile::exists(file))
+        if (QFile::exists(file) && !message.contains(u"belongs"_s))
             f.answerReplace(replace ? Answer::Yes : Answer::No, file);
         if (!message.isEmpty())
             f.desktop.expectMessage(u"The report could not be written.  "_s + message.arg(file));

@@ -291,13 +291,17 @@ private slots:
     void collectionIsNoTarget_data()
     {
         QTest::addColumn<QString>("name");
-        for (const char *name :
-             {"COIN.MDB", "COIN.MDB-journal", "Coindb.bak", "rptspec.mdb", "coin.hlp", "images/00000001.jpg"})
-            QTest::newRow(name) << QString::fromLatin1(name);
+        QTest::addColumn<bool>("exists");
+        for (const char *name : {"COIN.MDB", "Coindb.bak", "rptspec.mdb", "coin.hlp", "images/00000001.jpg"})
+            QTest::newRow(name) << QString::fromLatin1(name) << true;
+        for (const char *name : {"COIN.MDB-journal", "coin.mdb", "CoinNew.mdb", "coin-old-2.mdb",
+                                 "coin-damaged.mdb-wal", "images/00000002.png"})
+            QTest::newRow(name) << QString::fromLatin1(name) << false;
     }
     void collectionIsNoTarget()
     {
         QFETCH(QString, name);
+        QFETCH(bool, exists);
         QTemporaryDir folder;
         Shown s;
         s.shared.AppFolder = folder.path() + u'/';
@@ -306,17 +310,16 @@ private slots:
         QVERIFY(QDir(folder.path()).mkdir(u"images"_s));
         const QString path = folder.filePath(name);
         QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write("dear") && file.flush());
+        QVERIFY(!exists || (file.open(QIODevice::WriteOnly) && file.write("dear") && file.flush()));
 
         const QString roundabout = folder.filePath(u"images/../"_s + name);
         s.desktop.answerSaveFile(u"Coin List.pdf"_s, pdfFilter, roundabout);
-        s.desktop.answerYesNo(u"The file '%1' already exists.  Do you wish to replace it?"_s.arg(roundabout),
-                              u"File Exists"_s, Desktop::Answer::Yes);
         s.desktop.expectMessage(
             u"The report could not be saved.  '%1' belongs to the collection."_s.arg(roundabout));
         s.click(u"cmdSavePdf"_s);
         QCOMPARE(s.desktop.problems(), QStringList());
-        QCOMPARE(contents(path), QByteArray("dear"));
+        QCOMPARE(file.exists(), exists);
+        QVERIFY(!exists || contents(path) == "dear");
     }
 
     void printing()

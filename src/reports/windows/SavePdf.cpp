@@ -11,6 +11,7 @@
 #include <QIODevice>
 #include <QPainter>
 #include <QPdfWriter>
+#include <functional>
 #include <numeric>
 
 namespace obelmark {
@@ -81,18 +82,28 @@ bool writePages(const ReportDocument &document, const PdfJob &job, SafeDevice &d
     return true;
 }
 
+/// Does the work, or tells why it failed.
+bool succeeds(const QString &failure, SharedState &shared, const std::function<void()> &work)
+{
+    try {
+        work();
+        return true;
+    } catch (const NumberedError &error) {
+        shared.desktop.showMessage(failure + u"  "_s + error.description());
+        return false;
+    }
+}
+
 } // namespace
 
 void writePdf(const ReportDocument &document, const PdfJob &job, SharedState &shared)
 {
-    try {
+    succeeds(job.failure, shared, [&] {
         requireForeignFile(job.path, shared);
         SafeDevice device(job.path);
         if (writePages(document, job, device, shared.desktop))
             device.commit();
-    } catch (const NumberedError &error) {
-        shared.desktop.showMessage(job.failure + u"  "_s + error.description());
-    }
+    });
 }
 
 void savePdf(const ReportDocument &document, SharedState &shared)
@@ -101,12 +112,15 @@ void savePdf(const ReportDocument &document, SharedState &shared)
     name.replace(u'/', u'-');
     const auto path = shared.desktop.askSaveFile((name.isEmpty() ? u"Report"_s : name) + u".pdf"_s,
                                                  u"PDF Files (*.pdf)|*.pdf|All Files (*.*)|*.*"_s);
-    if (!path || ConfirmReplaceFile(shared.desktop, *path))
+    if (!path)
         return;
     PdfJob job{*path, std::vector<qsizetype>(std::size_t(document.pageCount())), u"Saving..."_s,
                u"Now saving Page %1 of %2"_s, u"The report could not be saved."_s};
     std::iota(job.pages.begin(), job.pages.end(), 0);
-    writePdf(document, job, shared);
+    // Nobody is asked whether to replace what is not to be replaced.
+    if (succeeds(job.failure, shared, [&] { requireForeignFile(*path, shared); }) &&
+        !ConfirmReplaceFile(shared.desktop, *path))
+        writePdf(document, job, shared);
 }
 
 } // namespace obelmark
