@@ -45,7 +45,9 @@ void requireForeignFile(const QString &path, const SharedState &shared)
     const QFileInfo target = trueFile(path);
     const QString programFolder = QFileInfo(shared.AppFolder).canonicalFilePath();
     const QString pictures = QFileInfo(pathInAnyCase(shared.AppFolder, u"images"_s)).canonicalFilePath();
-    const bool isOwn = target == trueFile(shared.DatabasePath) || target == trueFile(shared.HelpFilePath) ||
+    // Not the QFileInfos: two files that do not exist are equal to it.
+    const auto isAt = [&](const QString &own) { return target.filePath() == trueFile(own).filePath(); };
+    const bool isOwn = isAt(shared.DatabasePath) || isAt(shared.HelpFilePath) ||
                        (target.path() == programFolder && isNameInProgramFolder(target.fileName())) ||
                        (target.path() == pictures && (target.exists() || isNameOfPicture(target.fileName())));
     if (isOwn)
