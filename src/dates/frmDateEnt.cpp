@@ -113,6 +113,8 @@ void frmDateEnt::sizeToText()
             std::max(widestMonth, metrics.horizontalAdvance(m_shared.regional.dateWords().monthName(month)));
     m_ui->txtMonth->setFixedWidth(widestMonth + 2 * digit);
     m_ui->txtYear->setFixedWidth(6 * digit);
+    for (QToolButton *button : {m_ui->Spin1Down, m_ui->Spin1Up, m_ui->Spin2Down, m_ui->Spin2Up})
+        button->setMinimumSize(3 * digit, m_ui->txtMonth->sizeHint().height());
 
     QTableWidget *grid = m_ui->Grid1;
     // What stands above the grid is not to reach beyond it.

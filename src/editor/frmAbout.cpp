@@ -4,6 +4,7 @@
 #include "desktop/Desktop.h"
 #include "forms/HelpKey.h"
 #include "ui_frmAbout.h"
+#include <QFontInfo>
 #include <QKeyEvent>
 #include <QUrl>
 
@@ -11,12 +12,17 @@ namespace obelmark {
 
 using namespace Qt::StringLiterals;
 
+static constexpr double productEnlargement = 2.6;
+
 frmAbout::frmAbout(Desktop &desktop, const QString &helpFile, QWidget *parent)
     : QWidget(parent, Qt::Dialog), m_desktop(desktop), m_ui(std::make_unique<Ui::frmAbout>())
 {
     setAttribute(Qt::WA_DeleteOnClose);
     m_ui->setupUi(this);
     new HelpKey(*this, desktop, helpFile);
+    QFont large = m_ui->lblProduct->font();
+    large.setPointSizeF(QFontInfo(font()).pointSizeF() * productEnlargement);
+    m_ui->lblProduct->setFont(large);
     const QString address = QString::fromUtf16(productPage);
     m_ui->Label9->setText(u"<a href=\"%1\">%1</a>"_s.arg(address));
     connect(m_ui->Label9, &QLabel::linkActivated, this,

@@ -54,12 +54,14 @@ signals:
 
 protected:
     bool event(QEvent *event) override;
+    void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     bool focusNextPrevChild(bool next) override;
 
 private:
     // Start-up, activation, menus (frmMain.cpp)
     void connectMenus();
+    void colourTotals();
     void connectButtons();
     void connectFields();
     void Form_Activate();

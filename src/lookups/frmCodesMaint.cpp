@@ -7,6 +7,7 @@
 #include "forms/Browsing.h"
 #include "forms/EditButtons.h"
 #include "forms/FieldControl.h"
+#include "forms/FirstSize.h"
 #include "forms/HelpKey.h"
 #include "lookups/CodesModes.h"
 #include "store/CoinFile.h"
@@ -76,6 +77,7 @@ void frmCodesMaint::Form_Load()
         widget->setVisible(Mode.hasSellerFields);
     }
     setHelpTopic(*this, Mode.helpTopic);
+    setFirstSize(*this);
     makeDefault(m_ui->cmdOk);
     ShowBrowseButtons();
     run([&] {

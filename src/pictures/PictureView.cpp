@@ -1,5 +1,6 @@
 #include "pictures/PictureView.h"
 
+#include "forms/AccessibleRole.h"
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -34,12 +35,15 @@ PictureView::PictureView(QWidget *parent) : QWidget(parent)
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMinimumSize(120, 120);
+    setAccessibleRole(*this, QAccessible::Graphic);
+    clear();
 }
 
 void PictureView::setPicture(const Picture &picture)
 {
     m_picture = picture;
     m_reason.clear();
+    setAccessibleDescription({});
     m_fitted = QImage();
     m_images = {m_picture.preview()};
     m_zoom.setPicture(picture.size());
@@ -49,7 +53,8 @@ void PictureView::setPicture(const Picture &picture)
 void PictureView::clear(const QString &reason)
 {
     setPicture(Picture());
-    m_reason = reason;
+    m_reason = reason.isEmpty() ? tr("No picture") : reason;
+    setAccessibleDescription(m_reason);
 }
 
 QSize PictureView::pixels() const
@@ -94,10 +99,9 @@ void PictureView::paintEvent(QPaintEvent *)
     painter.fillRect(rect(), palette().brush(QPalette::Dark));
     if (m_picture.isEmpty()) {
         painter.setPen(palette().color(QPalette::WindowText));
-        const QString text = m_reason.isEmpty() ? tr("No picture") : m_reason;
         QTextOption centred(Qt::AlignCenter);
         centred.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-        painter.drawText(QRectF(rect().adjusted(16, 16, -16, -16)), text, centred);
+        painter.drawText(QRectF(rect().adjusted(16, 16, -16, -16)), m_reason, centred);
     } else {
         painter.scale(1 / devicePixelRatio(), 1 / devicePixelRatio());
         const QRectF place = m_zoom.place();

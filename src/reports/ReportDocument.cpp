@@ -88,6 +88,21 @@ QString ReportDocument::title() const
     return parts.value(1).trimmed();
 }
 
+QString ReportDocument::pageText(qsizetype page) const
+{
+    QStringList lines(title());
+    const auto addRow = [&lines](const ReportLayout::RowPart &row) {
+        QStringList cells;
+        for (const QStringView cell : row.cells())
+            cells += cell.toString();
+        lines += cells.join(u'\t');
+    };
+    if (d->layout.heading().lineCount > 0)
+        addRow(d->layout.heading());
+    d->layout.forEachRow(page, 0, this->page().size().height(), addRow);
+    return lines.join(u'\n');
+}
+
 void ReportDocument::paintPage(QPainter &painter, qsizetype page) const
 {
     obelmark::paintPage(painter, d->layout, page);

@@ -95,6 +95,9 @@ public:
     /// The centre part of the page header.
     QString title() const;
 
+    /// What stands on a page, for those who hear it: the title, the heading and the rows, a line for each,
+    /// their cells separated by tabs.
+    QString pageText(qsizetype page) const;
     /// Paints in twips from the paper's top left corner, black on what is there.
     void paintPage(QPainter &painter, qsizetype page) const;
 

@@ -9,7 +9,9 @@
 #include "desktop/Desktop.h"
 #include "forms/AccessKeys.h"
 #include "forms/EditButtons.h"
+#include "forms/FirstSize.h"
 #include "forms/HelpKey.h"
+#include "forms/PageKeys.h"
 #include "store/ErrorHandling.h"
 #include "ui_frmRptSpec.h"
 #include <QCloseEvent>
@@ -36,6 +38,7 @@ frmRptSpec::frmRptSpec(SharedState &shared, ReportPreview &preview, QWidget *par
     connectControls();
     markChanges();
     new AccessKeys(*this);
+    addPageKeys(*m_ui->Tab1);
     new HelpKey(*this, shared.desktop, shared.HelpFilePath);
     Form_Load();
 }
@@ -45,6 +48,7 @@ frmRptSpec::~frmRptSpec() = default;
 void frmRptSpec::Form_Load()
 {
     m_ui->cmbPageNum->addItems({u"At Bottom"_s, u"In Header"_s, u"No Page Numbers"_s});
+    setFirstSize(*this);
     ResetReport();
     m_ui->List1->setFocus();
 }

@@ -3,6 +3,7 @@
 #include "ui_HelpWindow.h"
 
 #include <QApplication>
+#include <QHeaderView>
 #include <QHelpContentWidget>
 #include <QHelpIndexWidget>
 #include <QHelpLink>
@@ -18,8 +19,10 @@ namespace obelmark {
 namespace {
 
 constexpr int firstTopic = 8;
-constexpr QSize usualSize(900, 600);
-constexpr int findersWidth = 280;
+// In letters and lines of the user's font.
+constexpr int usualWidth = 150;
+constexpr int usualHeight = 43;
+constexpr int findersWidth = 48;
 
 } // namespace
 
@@ -38,8 +41,11 @@ HelpWindow::HelpWindow(QWidget *parent) : QWidget(parent, Qt::Window), m_ui(std:
     new QShortcut(Qt::Key_Escape, this, this, &QWidget::close);
 
     // A screen scaled by two may be smaller than the usual size.
+    const int letter = fontMetrics().averageCharWidth();
+    const QSize usualSize(usualWidth * letter, usualHeight * fontMetrics().height());
     resize(usualSize.boundedTo(screen()->availableSize() * 9 / 10));
-    m_ui->splitter->setSizes({findersWidth, width() - findersWidth});
+    const int finders = findersWidth * letter;
+    m_ui->splitter->setSizes({finders, width() - finders});
     m_ui->splitter->setStretchFactor(0, 0);
     m_ui->splitter->setStretchFactor(1, 1);
 }
@@ -50,6 +56,11 @@ void HelpWindow::setUpContents()
 {
     QHelpContentWidget *tree = m_book.engine().contentWidget();
     tree->setObjectName(u"treContents"_s);
+    tree->setAccessibleName(u"Contents"_s);
+    // A long title is scrolled to, not cut off.
+    tree->setTextElideMode(Qt::ElideNone);
+    tree->header()->setStretchLastSection(false);
+    tree->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     m_ui->layoutContents->addWidget(tree);
     setTabOrder(m_ui->tabFinders->tabBar(), tree);
 
@@ -79,6 +90,7 @@ void HelpWindow::setUpIndex()
 {
     QHelpIndexWidget *index = m_book.engine().indexWidget();
     index->setObjectName(u"lstIndex"_s);
+    index->setAccessibleName(u"Catchwords"_s);
     m_ui->layoutIndex->addWidget(index);
     setTabOrder(m_ui->txtIndex, index);
 

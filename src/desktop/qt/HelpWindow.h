@@ -7,11 +7,11 @@
 
 class QListWidgetItem;
 
+namespace obelmark {
+
 namespace Ui {
 class frmHelp;
 }
-
-namespace obelmark {
 
 /// The help window. Every show function also brings it to the front; asked for while a dialog is open, the
 /// window belongs to that dialog and can be used beside it.

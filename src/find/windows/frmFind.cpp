@@ -6,6 +6,7 @@
 #include "find/FindCriteria.h"
 #include "forms/AccessKeys.h"
 #include "forms/EditButtons.h"
+#include "forms/FirstSize.h"
 #include "forms/HelpKey.h"
 #include "store/CoinFile.h"
 #include "store/ErrorHandling.h"
@@ -59,6 +60,7 @@ void frmFind::Form_Load()
         }
         list->setCurrentRow(0);
     }
+    setFirstSize(*this);
     run([&] { ShowOperators(); });
 }
 

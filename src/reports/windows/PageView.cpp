@@ -1,5 +1,6 @@
 #include "reports/windows/PageView.h"
 
+#include "forms/AccessibleRole.h"
 #include "reports/PageSetup.h"
 #include <QKeyEvent>
 #include <QPainter>
@@ -23,6 +24,16 @@ PageView::PageView(QWidget *parent) : QAbstractScrollArea(parent)
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     verticalScrollBar()->setSingleStep(lineStep);
     horizontalScrollBar()->setSingleStep(lineStep);
+    setAccessibleRole(*this, QAccessible::Document);
+    connect(this, &PageView::changed, this, &PageView::describePage);
+}
+
+/// The pages are but painted: a screen reader is told what stands there.
+void PageView::describePage()
+{
+    const QString text = pageCount() > 0 ? m_document->pageText(m_current) : QString();
+    if (text != accessibleDescription())
+        setAccessibleDescription(text);
 }
 
 void PageView::setDocument(const ReportDocument &document)

@@ -78,6 +78,7 @@ private:
     void setCurrent(qsizetype page);
     void step(int rows);
     void paintPage(QPainter &painter, qsizetype page) const;
+    void describePage();
 
     const ReportDocument *m_document = nullptr;
     PageArrangement m_arrangement;

@@ -2,6 +2,7 @@
 
 #include "common/SharedState.h"
 #include "desktop/Desktop.h"
+#include "forms/FirstSize.h"
 #include "forms/HelpKey.h"
 #include "reports/ReportGroups.h"
 #include "runtime/NumberedError.h"
@@ -34,6 +35,7 @@ void frmRptSel::Form_Load()
     m_ui->optAll->setText(QString::fromUtf16(m_group.optAll));
     m_ui->optSelected->setText(QString::fromUtf16(m_group.optSelected));
     setHelpTopic(*this, m_group.helpTopic);
+    setFirstSize(*this);
     if (!m_shared.CoinDatabase)
         throw runtimeError(ObjectNotSet);
     const auto entries = m_shared.CoinDatabase->openForwardOnly(QString::fromUtf16(m_group.listQuery));

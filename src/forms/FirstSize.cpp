@@ -1,0 +1,53 @@
+#include "forms/FirstSize.h"
+
+#include <QMainWindow>
+#include <QScreen>
+#include <QScrollArea>
+#include <QStyle>
+#include <QVBoxLayout>
+
+namespace obelmark {
+
+namespace {
+
+/// Height of the letters that the windows were drawn for, in pixels.
+constexpr double drawnForHeight = 14;
+
+QScrollArea *scrolled(QWidget *contents)
+{
+    auto *area = new QScrollArea;
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setWidget(contents);
+    return area;
+}
+
+void scrollContents(QWidget &window)
+{
+    if (auto *main = qobject_cast<QMainWindow *>(&window)) {
+        main->setCentralWidget(scrolled(main->takeCentralWidget()));
+        return;
+    }
+    auto *contents = new QWidget;
+    contents->setLayout(window.layout());
+    auto *layout = new QVBoxLayout(&window);
+    layout->setContentsMargins({});
+    layout->addWidget(scrolled(contents));
+}
+
+} // namespace
+
+void setFirstSize(QWidget &window)
+{
+    const double growth = qMax(1.0, window.fontMetrics().height() / drawnForHeight);
+    const QSize least = window.minimumSizeHint();
+    const QSize most = window.screen()->availableSize() -
+                       QSize(0, window.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window));
+    const QSize wanted = (window.size() * growth).expandedTo(least);
+    if (least.width() > most.width() || least.height() > most.height())
+        scrollContents(window);
+    window.resize(wanted.boundedTo(most));
+}
+
+} // namespace obelmark
