@@ -8,6 +8,9 @@ target_compile_definitions(obelmark_flags INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_CAST_FROM_BYTEARRAY
   QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_STRICT_ITERATORS QT_NO_FOREACH
   QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+# What is delivered reads files that others have made, or damaged: it checks its stack.
+target_compile_options(obelmark_flags INTERFACE
+  $<$<CONFIG:RelWithDebInfo>:-fstack-protector-strong -fstack-clash-protection -fcf-protection>)
 if(OBELMARK_SANITIZE)
   target_compile_options(obelmark_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined
                          -fno-omit-frame-pointer)

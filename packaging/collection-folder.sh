@@ -2,24 +2,23 @@
 # What ./run and the installed start script have in common: preparing the folder of a collection. To be sourced, by a
 # script that has a function "die MESSAGE".
 
-# in_folder NAME: the path of that file in $folder, whatever the letter case of its name
-in_folder() { find "$folder" -maxdepth 1 -iname "$1" -print -quit; }
+# in_folder NAME: the path of that file in $folder, whatever the letter case of its name. The folder may be a link.
+in_folder() { find -H "$folder" -maxdepth 1 -iname "$1" -print -quit; }
 
-# put FILE NAME: a whole copy of a delivered file into $folder, or none
+# put FILE NAME [OPTION]: a whole copy of a delivered file into $folder, or none; the option is one of mv
 put() {
-    local new="$folder/.$2.$$"
-    cp -- "$1" "$new"
-    chmod u+w -- "$new"
-    sync -- "$new"
-    mv -- "$new" "$folder/$2"
+    local new="$folder/.$2.$$" error
+    error=$({ cp -- "$1" "$new" && chmod u+w -- "$new" && sync -- "$new" &&
+        mv ${3:+"$3"} -- "$new" "$folder/$2" && rm -f -- "$new"; } 2>&1) ||
+        die "$2 could not be put into the folder of the collection. $error"
 }
 
 # prepare_folder DELIVERED FOLDER DATABASE: makes the folder and puts the delivered files into it. A database is placed
 # only where there is none: a collection is never overwritten.
 prepare_folder() {
-    local found delivered=$1 database=$3
+    local found error delivered=$1 database=$3
     folder=$2
-    mkdir -p -- "$folder"
+    error=$(mkdir -p -- "$folder" 2>&1) || die "the folder of the collection could not be made. $error"
     trap 'rm -f -- "$folder"/.*.$$' EXIT
     # The program itself finishes a packing that was interrupted between its last two steps.
     if [[ -z $(in_folder coin.mdb) && (-z $(in_folder coindb.bak) || -z $(in_folder coinnew.mdb)) ]]; then
@@ -27,10 +26,10 @@ prepare_folder() {
         found=${found:-$(in_folder coindb.bak)}
         [[ -z $found ]] || die "there is no coin.mdb, but $found is there. Rename the file that holds your" \
             "collection to coin.mdb, or move it elsewhere to start with an empty collection."
-        put "$delivered/$database" coin.mdb
+        put "$delivered/$database" coin.mdb --no-clobber
     fi
     if [[ -z $(in_folder rptspec.mdb) ]]; then
-        put "$delivered/rptspec.mdb" rptspec.mdb
+        put "$delivered/rptspec.mdb" rptspec.mdb --no-clobber
     fi
     found=$(in_folder coin.hlp)
     cmp --quiet "$delivered/coin.hlp" "${found:-$folder/coin.hlp}" ||

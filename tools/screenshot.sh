@@ -51,10 +51,10 @@ close_window() {
     wait_for 2 is_over "$program"
 }
 
-# take_screenshot PROGRAM PICTURE: starts the program in the current folder, waits for its main window, saves the
-# picture of the screen and closes the window, so that the program ends as it does for a user.
-take_screenshot() {
-    local picture=$2 number window=''
+# open_screen: a virtual screen with a window manager, for all programs that this script starts from now on. It goes
+# when the script ends, and so do the programs.
+open_screen() {
+    local number
     started=()
     scratch=$(mktemp -d)
     trap stop_all EXIT
@@ -70,8 +70,12 @@ take_screenshot() {
     openbox --sm-disable &>"$scratch/log" &
     started=($! "${started[@]}")
     wait_for 10 window_manager_is_ready || die "the window manager did not start: $(cat "$scratch/log")"
+}
 
-    "$1" </dev/null &
+# start_program PROGRAM [ARGUMENT...]: starts the program in the current folder and waits for its main window
+start_program() {
+    window='' last_look=''
+    "$@" </dev/null &
     program=$!
     started=("$program" "${started[@]}")
     wait_for 30 find_main_window && { wait_for 10 is_painted || say "The window is still being painted."; }
@@ -79,12 +83,28 @@ take_screenshot() {
         wait "$program" || die "the program ended with status $?"
         die "the program ended by itself"
     fi
+}
 
+# save_picture PICTURE: what stands on the screen
+save_picture() {
     import -window root -trim +repage "png:$scratch/picture"
-    cp "$scratch/picture" "$picture"
-    [[ -n $window ]] || die "the main window did not come; what stood on the screen: $picture"
-    printf 'The main window as it looks: %s\n' "$picture"
+    cp "$scratch/picture" "$1"
+    [[ -n $window ]] || die "the main window did not come; what stood on the screen: $1"
+}
 
+# end_program: closes the main window, so that the program ends as it does for a user
+end_program() {
     wait_for 10 close_window || die "the program did not end when its window was closed"
     wait "$program" || die "the program ended with status $?"
+    started=("${started[@]:1}")
+}
+
+# take_screenshot PROGRAM PICTURE: starts the program in the current folder, saves the picture of the screen and closes
+# the program.
+take_screenshot() {
+    open_screen
+    start_program "$1"
+    save_picture "$2"
+    printf 'The main window as it looks: %s\n' "$2"
+    end_program
 }

@@ -1,0 +1,2 @@
+# Before CPack begins: without dpkg-shlibdeps it would make a package that depends on no library, and only say so.
+find_program(SHLIBDEPS dpkg-shlibdeps REQUIRED)
