@@ -2,6 +2,7 @@
 #include "engine/Companions.h"
 #include "engine/EngineError.h"
 #include "engine/OrderedTable.h"
+#include "engine/SalvageFile.h"
 #include "engine/SqlFunctions.h"
 #include <QDir>
 #include <QFileInfo>
@@ -22,7 +23,7 @@ QString existingFile(const QString &path)
     if (!file.exists())
         throw EngineError(DatabaseFileNotFound, fullPath);
     // SQLite would make an empty database of an empty file.
-    if (!file.isFile() || file.size() == 0)
+    if (!file.isFile() || file.size() < fileHeaderSize)
         throw EngineError(UnrecognizedFormat, fullPath);
     return fullPath;
 }

@@ -60,6 +60,8 @@ RepairReport repairDatabase(const QString &path, const QString &keyTable, const 
     const QString file = QFileInfo(path).canonicalFilePath();
     if (file.isEmpty())
         throw EngineError(DatabaseFileNotFound, path);
+    if (QFileInfo(file).size() < fileHeaderSize)
+        throw EngineError(UnrecognizedFormat, path);
     settleJournal(file);
     SalvageFile damaged(file);
     const QString newPath = freeName(file, "repairing"_L1);

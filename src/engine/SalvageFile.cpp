@@ -11,7 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int fileHeaderSize = 100;
 constexpr int leafHeaderSize = 8;
 constexpr int innerHeaderSize = 12;
 constexpr QByteArrayView magic("SQLite format 3\0", 16);

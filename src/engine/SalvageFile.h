@@ -8,6 +8,9 @@
 
 namespace obelmark {
 
+/// Bytes that every SQLite file begins with. SQLite takes a file of a single byte for an empty database.
+inline constexpr int fileHeaderSize = 100;
+
 /// Row ids above \a after up to and including \a upTo.
 struct RowRange
 {

@@ -235,6 +235,7 @@ void Damage::leavesOtherFilesAlone_data()
     const auto schemaPages = pages(u"sqlite_schema leaf"_s);
     QTest::newRow("missing") << QByteArray() << int(DatabaseFileNotFound);
     QTest::newRow("empty") << QByteArray("") << int(UnrecognizedFormat);
+    QTest::newRow("a single byte") << QByteArray(1, '\0') << int(UnrecognizedFormat);
     QTest::newRow("text") << QByteArray("Dear collector,\n").repeated(500) << int(UnrecognizedFormat);
     QTest::newRow("first page of noise") << withNoise({1}) << int(UnrecognizedFormat);
     QTest::newRow("cut within the first page") << m_collection.first(100) << int(DatabaseDamaged);
