@@ -7,6 +7,7 @@
 #include "runtime/Formats.h"
 #include "runtime/Numbers.h"
 #include <QLineEdit>
+#include <cmath>
 
 namespace obelmark {
 
@@ -90,7 +91,8 @@ std::optional<Date> DateControl::date() const
         return m_shownDate;
     if (!isDate(text, m_shared.regional))
         return {};
-    return toDate(text, m_shared.regional);
+    // A day: the field shows no time, and what is not seen is not to be stored.
+    return Date{std::trunc(toDate(text, m_shared.regional).serial)};
 }
 
 Value DateControl::value() const

@@ -7,6 +7,8 @@
 
 namespace obelmark {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// An input limit counts UTF-16 units and may leave half of a character behind, which no file can hold.
@@ -22,6 +24,19 @@ QString withoutHalfCharacters(const QString &text)
             whole += text[i];
     }
     return whole;
+}
+
+/// What the clipboard may bring into a field of one line that no key types: line ends and tabs become blanks,
+/// the null character, at which other tools end the text, goes.
+QString onOneLine(QString text)
+{
+    text.remove(QChar(QChar::Null)).replace("\r\n"_L1, " "_L1);
+    for (QChar &letter : text) {
+        if (letter.category() == QChar::Other_Control || letter == QChar::LineSeparator ||
+            letter == QChar::ParagraphSeparator)
+            letter = u' ';
+    }
+    return text;
 }
 
 } // namespace
@@ -45,11 +60,13 @@ void TextControl::show(const Value &stored)
     edit()->setMaxLength(std::max(m_limit, int(text.size())));
     edit()->setText(text);
     edit()->setCursorPosition(0);
+    m_shown = edit()->text();
 }
 
 Value TextControl::value() const
 {
-    return withoutHalfCharacters(edit()->text());
+    const QString text = edit()->text();
+    return withoutHalfCharacters(text == m_shown ? text : onOneLine(text));
 }
 
 QWidget *NotesControl::widget() const
@@ -71,6 +88,7 @@ Value NotesControl::value() const
     if (text == m_shown)
         return m_stored;
     text.replace(QChar::ParagraphSeparator, u'\n').replace(QChar::LineSeparator, u'\n');
+    text.remove(QChar(QChar::Null));
     return withCrLf(text);
 }
 

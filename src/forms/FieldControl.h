@@ -56,6 +56,7 @@ public:
 
 private:
     int m_limit;
+    QString m_shown;
 };
 
 /// A text of several lines, stored with CR LF.

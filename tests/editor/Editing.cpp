@@ -121,6 +121,8 @@ private slots:
         e.edit(u"txtDescr").setText(u"Zeta \"q\" 'a' | ; Ω 銀"_s);
         e.typeInto(u"txtQuantity", u"2.5"_s);
         e.typeInto(u"dcIssueDate", u"5/3/52"_s);
+        e.date(u"dcPurchaseDate").setText(u"7/4/1876 10:30"_s);
+        e.edit(u"txtMisc1").insert(u"a\tb\r\nc\0d"_s); // as the clipboard brings it
         e.list(u"cmbCon").setFocus();
         gui::press(Qt::Key_Delete);
         e.the<QPlainTextEdit>(u"txtNotes").setPlainText(u"a\nb\u00a0c"_s);
@@ -132,11 +134,11 @@ private slots:
         e.press(u"cmdNext"); // it stands in its sorted place now
         QCOMPARE(e.desktop.beeps(), 1);
         e.close();
-        QCOMPARE(
-            e.collection.query(u"select coinid, descr, quantity, conid, issuedate, notes, catnum, catsort, "
-                               "misc1 from Coin where coinid = 5"_s),
-            QStringList(u"5|Zeta \"q\" 'a' | ; Ω 銀|2|NULL|1852-05-03|a\r\nb\u00a0c||"_s + QString(20, u' ') +
-                        u'|'));
+        QCOMPARE(e.collection.query(
+                     u"select coinid, descr, quantity, conid, issuedate, PurchaseDate, notes, catnum, "
+                     "catsort, misc1 from Coin where coinid = 5"_s),
+                 QStringList(u"5|Zeta \"q\" 'a' | ; Ω 銀|2|NULL|1852-05-03|1876-07-04|a\r\nb\u00a0c||"_s +
+                             QString(20, u' ') + u"|a b cd"_s));
     }
 
     // A price that was not touched keeps the decimals that are not shown.
