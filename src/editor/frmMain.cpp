@@ -26,6 +26,7 @@
 #include "old_collections/TakeOver.h"
 #include "pictures/frmImage.h"
 #include "runtime/Dates.h"
+#include "runtime/SafeFile.h"
 #include "store/CoinFile.h"
 #include "store/ErrorHandling.h"
 #include "ui_frmMain.h"
@@ -231,6 +232,8 @@ void frmMain::Form_Load()
         m_shared.CoinDatabase =
             openCoinDatabase(m_shared.DatabasePath, shownProgress(m_shared.desktop, u"Open"_s, false));
     });
+    for (const QString &folder : {m_shared.AppFolder, pathInAnyCase(m_shared.AppFolder, u"images"_s)})
+        removeUnfinishedFiles(folder);
     step([&] { Form_Activate(); });
     step([&] { m_shared.CoinRecordset = openCoins(coinDatabase(m_shared), m_shared.SortOrder); });
     m_seenRepairs = m_shared.DatabaseRepairs;

@@ -2,6 +2,8 @@
 
 #include "runtime/NumberedError.h"
 
+#include <QDateTime>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
@@ -230,6 +232,16 @@ void SafeFile::commit()
         d->fail(errno);
     d->temporary.clear();
     flushToDisk(d->folder);
+}
+
+void removeUnfinishedFiles(const QString &folder)
+{
+    const QDateTime anHourAgo = QDateTime::currentDateTime().addSecs(-3600);
+    const auto files = QDir(folder).entryInfoList({u".obelmark-*.tmp"_s}, QDir::Files | QDir::Hidden);
+    for (const QFileInfo &file : files) {
+        if (file.lastModified() < anHourAgo)
+            QFile::remove(file.filePath());
+    }
 }
 
 void flushToDisk(const QString &path)

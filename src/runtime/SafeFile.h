@@ -32,6 +32,10 @@ private:
     std::unique_ptr<Private> d;
 };
 
+/// Removes from a folder what runs of the program that were cut off (killed, a power cut) have left there of
+/// files they had not finished: ".obelmark-*.tmp". What is younger than an hour may be somebody's work.
+void removeUnfinishedFiles(const QString &folder);
+
 /// Flushes a finished file's bytes, or a folder's entries, to the disk.
 /// \throws as SafeFile::SafeFile()
 void flushToDisk(const QString &path);

@@ -37,6 +37,24 @@ private slots:
         QCOMPARE(e.desktop.problems(), QStringList());
     }
 
+    void unfinishedFiles()
+    {
+        EditorFixture e;
+        const auto make = [](const QString &name, int hoursAgo) {
+            QFile file(name);
+            return file.open(QIODevice::WriteOnly) &&
+                   file.setFileTime(QDateTime::currentDateTime().addSecs(-3600 * hoursAgo),
+                                    QFileDevice::FileModificationTime);
+        };
+        QVERIFY(QDir().mkdir(u"images"_s));
+        QVERIFY(make(u".obelmark-pack.tmp"_s, 2) && make(u"images/.obelmark-picture.tmp"_s, 30));
+        QVERIFY(make(u".obelmark-0.tmp"_s, 0) && make(u"obelmark-list.tmp"_s, 30) && make(u".hidden"_s, 30));
+        e.start();
+        QVERIFY(QDir(u"images"_s).isEmpty(QDir::Files | QDir::Hidden));
+        QStringList left = QDir().entryList({u"*obelmark*"_s, u".h*"_s}, QDir::Files | QDir::Hidden);
+        QCOMPARE(left, QStringList({u".hidden"_s, u".obelmark-0.tmp"_s, u"obelmark-list.tmp"_s}));
+    }
+
     void otherLetterCases()
     {
         EditorFixture e;
