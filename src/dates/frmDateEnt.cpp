@@ -71,8 +71,9 @@ void frmDateEnt::Form_Load()
     sizeToText();
     ShowMonth();
     // What shows the month and the year is not for typing: whoever goes there comes to the days.
-    m_ui->txtMonth->setFocusProxy(m_ui->Grid1);
-    m_ui->txtYear->setFocusProxy(m_ui->Grid1);
+    // (A focus proxy would do that too, but be drawn as having the focus.)
+    m_ui->txtMonth->installEventFilter(this);
+    m_ui->txtYear->installEventFilter(this);
     m_ui->Grid1->installEventFilter(this);
     m_ui->Grid1->setFocus();
 }
@@ -191,7 +192,11 @@ bool frmDateEnt::pressInGrid(int key, bool withCtrl)
 
 bool frmDateEnt::eventFilter(QObject *object, QEvent *event)
 {
-    if (event->type() == QEvent::KeyPress) {
+    if (object != m_ui->Grid1 && event->type() == QEvent::FocusIn) {
+        m_ui->Grid1->setFocus();
+        return true;
+    }
+    if (object == m_ui->Grid1 && event->type() == QEvent::KeyPress) {
         const auto *press = static_cast<QKeyEvent *>(event);
         if (pressInGrid(press->key(), press->modifiers().testFlag(Qt::ControlModifier)))
             return true;

@@ -29,6 +29,14 @@ bool isMeantForList(const QKeyEvent &event)
 
 } // namespace
 
+LookupList::LookupList(QWidget *parent) : QComboBox(parent)
+{
+    // A long entry must not move the fields beside the list.
+    constexpr int lettersAtLeast = 18;
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(lettersAtLeast);
+}
+
 std::optional<qint64> LookupList::key() const
 {
     if (currentIndex() < 0)

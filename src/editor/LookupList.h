@@ -11,7 +11,7 @@ class LookupList : public QComboBox
 {
     Q_OBJECT
 public:
-    using QComboBox::QComboBox;
+    explicit LookupList(QWidget *parent = nullptr);
 
     /// The key of the selected entry; nothing when none is selected.
     std::optional<qint64> key() const;

@@ -11,6 +11,7 @@
 #include "forms/Browsing.h"
 #include "forms/EditButtons.h"
 #include "forms/EntryWatch.h"
+#include "forms/PlaceBeside.h"
 #include "pictures/NewPictureFile.h"
 #include "pictures/PictureFiles.h"
 #include "pictures/frmImage.h"
@@ -307,6 +308,8 @@ void frmMain::cmdPicture_Click()
 {
     frmImage &image = m_windows.image();
     connectPictureWindow();
+    if (!image.testAttribute(Qt::WA_WState_ExplicitShowHide))
+        placeBeside(image, *this);
     image.setWindowState(image.windowState() & ~Qt::WindowMinimized);
     image.show();
     image.raise();

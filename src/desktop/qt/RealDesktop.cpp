@@ -69,6 +69,13 @@ void setPlainText(QMessageBox &box, const QString &text)
     });
 }
 
+/// What a window needs for its title and the buttons beside it.
+int widthOfTitle(const QWidget &window)
+{
+    const QFontMetrics metrics = window.fontMetrics();
+    return metrics.horizontalAdvance(window.windowTitle()) + 16 * metrics.averageCharWidth();
+}
+
 int runBox(QMessageBox::Icon icon, const QString &text, const QString &title,
            QMessageBox::StandardButtons buttons, QMessageBox::StandardButton initial,
            QMessageBox::StandardButton escape, QWidget *owner)
@@ -76,11 +83,10 @@ int runBox(QMessageBox::Icon icon, const QString &text, const QString &title,
     QMessageBox box(icon, title, QString(), buttons, owner);
     setPlainText(box, text);
     // A short text must not cut the title off.
-    const QFontMetrics metrics(box.font());
-    const int titleWidth = metrics.horizontalAdvance(title) + 16 * metrics.averageCharWidth();
     auto *label = box.findChild<QLabel *>(u"qt_msgbox_label"_s);
-    if (label && text.size() < title.size() * 2 && metrics.horizontalAdvance(text) < titleWidth)
-        label->setMinimumWidth(titleWidth);
+    if (label && text.size() < title.size() * 2 &&
+        box.fontMetrics().horizontalAdvance(text) < widthOfTitle(box))
+        label->setMinimumWidth(widthOfTitle(box));
     box.setDefaultButton(initial);
     box.setEscapeButton(escape);
     const auto pointer = withPointer();
@@ -114,6 +120,8 @@ std::optional<QString> RealDesktop::askText(const QString &prompt, const QString
     auto *label = box.findChild<QLabel *>();
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(prompt.size() > longestPromptLine);
+    if (!label->wordWrap())
+        label->setMinimumWidth(std::max(label->sizeHint().width(), widthOfTitle(box)));
     if (box.exec() != QDialog::Accepted)
         return std::nullopt;
     return box.textValue();
