@@ -2,6 +2,7 @@
 
 #include <QScreen>
 #include <QWidget>
+#include <algorithm>
 
 namespace obelmark {
 
@@ -9,12 +10,16 @@ void placeBeside(QWidget &window, const QWidget &other)
 {
     const QRect screen = other.screen()->availableGeometry();
     const QRect frame = other.frameGeometry();
-    const int border = other.geometry().left() - frame.left(); // that of the new window is not known yet
-    const int width = window.width() + 2 * border;
-    if (frame.right() + 1 + width <= screen.right() + 1)
-        window.move(frame.right() + 1, frame.top());
-    else if (frame.left() - width >= screen.left())
-        window.move(frame.left() - width, frame.top());
+    const int borders = frame.width() - other.width(); // those of the new window are not known yet
+    const int onTheRight = screen.right() - frame.right();
+    const int onTheLeft = frame.left() - screen.left();
+    const bool goesRight = onTheRight >= std::min(onTheLeft, window.width() + borders);
+    const int room = goesRight ? onTheRight : onTheLeft;
+    const int width = std::min(window.width(), room - borders);
+    if (width < window.width() * 2 / 3)
+        return;
+    window.resize(width, window.height());
+    window.move(goesRight ? frame.right() + 1 : frame.left() - width - borders, frame.top());
 }
 
 } // namespace obelmark
