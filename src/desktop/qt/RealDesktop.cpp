@@ -9,6 +9,7 @@
 #include <QDesktopServices>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QRegularExpression>
 #include <QScopeGuard>
@@ -120,8 +121,7 @@ std::optional<QString> RealDesktop::askText(const QString &prompt, const QString
     auto *label = box.findChild<QLabel *>();
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(prompt.size() > longestPromptLine);
-    if (!label->wordWrap())
-        label->setMinimumWidth(std::max(label->sizeHint().width(), widthOfTitle(box)));
+    box.findChild<QLineEdit *>()->setMinimumWidth(widthOfTitle(box));
     if (box.exec() != QDialog::Accepted)
         return std::nullopt;
     return box.textValue();
