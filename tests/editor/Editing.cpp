@@ -141,6 +141,19 @@ private slots:
                              QString(20, u' ') + u"|a b cd"_s));
     }
 
+    void openListIsEmptied()
+    {
+        EditorFixture e(twoCoins);
+        e.start();
+        LookupList &list = e.list(u"cmbCon");
+        list.setFocus();
+        list.showPopup();
+        QTest::keyClick(list.view(), Qt::Key_Delete);
+        QVERIFY(!list.view()->isVisible());
+        QCOMPARE(list.currentIndex(), -1);
+        QVERIFY(e.isEditing());
+    }
+
     // A price that was not touched keeps the decimals that are not shown.
     void untouchedMoneyStaysExact()
     {

@@ -79,12 +79,23 @@ inline QByteArray record(quint32 type, std::initializer_list<qint32> numbers)
     return record(type, bytesOf<qint32>(numbers));
 }
 
-/// The same picture, made for a device of ten pixels to the millimetre.
+/// A file of these records, 400 by 200 units on 800 by 400 pixels of a device with ten to the millimetre.
+inline QByteArray file(const QByteArray &drawing)
+{
+    const QByteArray records =
+        record(17, {8}) + record(9, {400, 200}) + record(11, {800, 400}) + drawing + record(14, {0, 16, 20});
+    const QByteArray header =
+        record(1, bytesOf<qint32>(
+                      {0,  0, 799, 399, 0, 0,    8000, 4000, 0x464D4520, 0x10000, qint32(records.size() + 88),
+                       24, 4, 0,   0,   0, 1000, 1000, 100,  100}));
+    return header + records;
+}
+
+/// The same picture as a metafile of the later kind.
 inline QByteArray sample()
 {
     const QByteArray text = QByteArray("a\0b\0", 4);
-    const QByteArray records =
-        record(17, {8}) + record(9, {400, 200}) + record(11, {800, 400}) +
+    return file(
         record(38, {1, 0, 10, 0, 0xFF0000}) + record(37, {1}) + record(39, {2, 0, 0x0000FF, 0}) +
         record(37, {2}) + record(43, {10, 10, 190, 90}) + record(33) + record(39, {3, 0, 0x00FF00, 0}) +
         record(37, {3}) + record(42, {10, 110, 190, 190}) + record(34, {-1}) +
@@ -98,12 +109,7 @@ inline QByteArray sample()
         record(54, {65, 65}) + record(61) + record(60) + record(63, {0, 0, 9, 9}) +
         record(47, {50, 50, 70, 70, 60, 50, 50, 60}) +
         record(84, bytesOf<qint32>({0, 0, 0, 0, 1, 0, 0, 20, 20, 2, 76, 0, 0, 0, 0, 0, 80}) + text) +
-        record(30, {0, 0, 50, 50}) + record(40, {2}) + record(14, {0, 16, 20});
-    const QByteArray header =
-        record(1, bytesOf<qint32>(
-                      {0,  0, 799, 399, 0, 0,    8000, 4000, 0x464D4520, 0x10000, qint32(records.size() + 88),
-                       24, 4, 0,   0,   0, 1000, 1000, 100,  100}));
-    return header + records;
+        record(30, {0, 0, 50, 50}) + record(40, {2}));
 }
 
 } // namespace emf
