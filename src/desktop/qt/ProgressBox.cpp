@@ -16,7 +16,8 @@ constexpr int steps = 1000;
 
 } // namespace
 
-ProgressBox::ProgressBox(const QString &title, bool cancellable, QWidget *owner) : m_box(owner)
+ProgressBox::ProgressBox(const QString &title, bool cancellable, QWidget *owner)
+    : m_box(owner), m_cancellable(cancellable)
 {
     m_box.setObjectName(u"progress"_s);
     m_box.setWindowTitle(title);
@@ -25,17 +26,34 @@ ProgressBox::ProgressBox(const QString &title, bool cancellable, QWidget *owner)
     m_box.setMinimumWidth(m_box.fontMetrics().averageCharWidth() * 48);
     m_box.setAutoClose(false);
     m_box.setAutoReset(false);
-    if (!cancellable)
+    if (!cancellable) {
         m_box.setCancelButton(nullptr);
+        m_box.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
+        m_box.installEventFilter(this);
+    }
     m_sinceStart.start();
     m_sinceUpdate.start();
+}
+
+bool ProgressBox::goesOn() const
+{
+    return !m_cancellable || !m_box.wasCanceled();
+}
+
+// Work that cannot be stopped keeps its box: neither Escape nor the desktop's ways to close a window end it.
+bool ProgressBox::eventFilter(QObject *, QEvent *event)
+{
+    if (event->type() == QEvent::Close)
+        event->ignore();
+    return event->type() == QEvent::Close || event->type() == QEvent::KeyPress ||
+           event->type() == QEvent::ShortcutOverride;
 }
 
 bool ProgressBox::update(const QString &text, qint64 done, qint64 total)
 {
     if (m_sinceStart.elapsed() < hiddenMs ||
         (m_box.isVisible() && m_sinceUpdate.elapsed() < betweenUpdatesMs))
-        return !m_box.wasCanceled();
+        return goesOn();
     m_sinceUpdate.restart();
     m_box.setLabelText(text);
     m_box.setRange(0, total > 0 ? steps : 0);
@@ -44,7 +62,7 @@ bool ProgressBox::update(const QString &text, qint64 done, qint64 total)
     if (!m_box.isVisible())
         m_box.show();
     QApplication::processEvents();
-    return !m_box.wasCanceled();
+    return goesOn();
 }
 
 } // namespace obelmark

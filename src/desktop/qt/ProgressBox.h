@@ -8,15 +8,21 @@
 namespace obelmark {
 
 /// Progress as a box of the window system, shown once the work has taken a second.
-class ProgressBox : public Progress
+class ProgressBox : public QObject, public Progress
 {
 public:
     ProgressBox(const QString &title, bool cancellable, QWidget *owner);
 
     bool update(const QString &text, qint64 done, qint64 total) override;
 
+protected:
+    bool eventFilter(QObject *box, QEvent *event) override;
+
 private:
+    bool goesOn() const;
+
     QProgressDialog m_box;
+    bool m_cancellable;
     QElapsedTimer m_sinceStart;
     QElapsedTimer m_sinceUpdate;
 };
