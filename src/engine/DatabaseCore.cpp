@@ -1,6 +1,7 @@
 #include "engine/DatabaseCore.h"
 #include "engine/Companions.h"
 #include "engine/EngineError.h"
+#include "engine/LockedFile.h"
 #include "engine/OrderedTable.h"
 #include "engine/SalvageFile.h"
 #include "engine/SqlFunctions.h"
@@ -75,6 +76,7 @@ void DatabaseCore::connect(Database::Access access)
     m_connection->exec("pragma locking_mode = exclusive");
     // The lock is taken with the first transaction and kept.
     m_connection->exec("begin exclusive; commit");
+    requireInPlace(*m_connection);
     m_connection->exec("pragma journal_mode = delete");
     m_connection->exec("pragma synchronous = extra");
 }

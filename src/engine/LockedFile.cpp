@@ -9,6 +9,14 @@
 
 namespace obelmark {
 
+void requireInPlace(SQLite::Database &connection)
+{
+    int hasMoved = 0;
+    sqlite3_file_control(connection.getHandle(), "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
+    if (hasMoved)
+        throw SQLite::Exception("the file has been replaced", SQLITE_BUSY);
+}
+
 static SQLite::Database lock(const QString &path)
 {
     const QFileInfo file(path);
@@ -22,6 +30,7 @@ static SQLite::Database lock(const QString &path)
         connection.exec("begin exclusive; commit; pragma journal_mode = delete; pragma temp_store = memory");
         // The lock is taken with the first transaction and kept.
         connection.exec("pragma locking_mode = exclusive; begin exclusive; commit");
+        requireInPlace(connection);
         removeJournals(path);
         return connection;
     });

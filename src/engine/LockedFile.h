@@ -12,6 +12,10 @@ namespace obelmark {
 using RowCounts = std::map<std::string, qint64>;
 RowCounts rowCounts(SQLite::Database &connection);
 
+/// After the lock of a file has been got: whoever had it before may have put another in its place meanwhile
+/// (packing, repair), and the connection be on the one that was set aside. \throws SQLite::Exception (BUSY)
+void requireInPlace(SQLite::Database &connection);
+
 /// A database file that nobody uses and that nobody can begin to use: for work on the file as a whole. What
 /// an interrupted write has left is undone, and no journal lies beside it.
 class LockedFile

@@ -11,7 +11,10 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QScopeGuard>
+#include <SQLiteCpp/Database.h>
 #include <algorithm>
+#include <optional>
+#include <sqlite3.h>
 
 namespace obelmark {
 
@@ -53,6 +56,20 @@ QString replaceDamaged(const QString &path, const QString &newPath)
     return damagedPath;
 }
 
+/// A connection that keeps others out of the file while it lives; none to a file that nobody can open anyway.
+std::optional<SQLite::Database> lockAgainstOthers(const QString &path)
+{
+    try {
+        SQLite::Database connection(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX);
+        connection.exec("begin exclusive");
+        return connection;
+    } catch (const SQLite::Exception &error) {
+        if (error.getErrorCode() == SQLITE_BUSY)
+            throw EngineError(FileInUse, path);
+        return {};
+    }
+}
+
 } // namespace
 
 RepairReport repairDatabase(const QString &path, const QString &keyTable, const FileProgress &progress)
@@ -63,7 +80,8 @@ RepairReport repairDatabase(const QString &path, const QString &keyTable, const 
     if (QFileInfo(file).size() < fileHeaderSize)
         throw EngineError(UnrecognizedFormat, path);
     settleJournal(file);
-    SalvageFile damaged(file);
+    const auto lock = lockAgainstOthers(file);
+    SalvageFile damaged(file); // goes before the lock: closing a second descriptor unlocks the file
     const QString newPath = freeName(file, "repairing"_L1);
     const auto cleanUp = qScopeGuard([&] { QFile::remove(newPath); });
 

@@ -276,7 +276,11 @@ void Damage::keepsEveryDamagedFile()
     }
     setFileContent(m_path, damaged);
     const QStringList before = QDir(m_file->folder()).entryList(QDir::Files);
-    const auto stop = [&](FileStage stage, qint64, qint64) { return stage != FileStage::Rescuing; };
+    const auto stop = [&](FileStage stage, qint64, qint64) {
+        // Nobody else gets at the file meanwhile.
+        [&] { QCOMPARE(errorOf([&] { m_file->open(); }), int(FileInUse)); }();
+        return stage != FileStage::Rescuing;
+    };
     QVERIFY_THROWS_EXCEPTION(FileWorkStopped, repairDatabase(m_path, u"Coin"_s, stop));
     QVERIFY(fileContent(m_path) == damaged);
     QCOMPARE(QDir(m_file->folder()).entryList(QDir::Files), before);
