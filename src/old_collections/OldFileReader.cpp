@@ -43,8 +43,9 @@ bool hasPassword(const MdbHandle &file)
 class TableReader
 {
 public:
-    TableReader(MdbHandle &file, MdbTableDef &table, OldFileVisitor &visitor)
-        : m_file(file), m_table(table), m_visitor(visitor), m_fields(table.num_cols)
+    /// \a size is that of the file in bytes.
+    TableReader(MdbHandle &file, qint64 size, MdbTableDef &table, OldFileVisitor &visitor)
+        : m_file(file), m_size(size), m_table(table), m_visitor(visitor), m_fields(table.num_cols)
     {
     }
 
@@ -86,7 +87,7 @@ private:
         } else if (start & isPointer) {
             readThroughPointer(page, start & offsetBits, size);
         } else {
-            readRow(start & offsetBits, size);
+            readRow(page, start & offsetBits, size);
         }
     }
 
@@ -99,13 +100,14 @@ private:
             mdb_find_row(&m_file, int(target & 0xff), &rowStart, &rowSize) != 0)
             m_visitor.unreadableRow();
         else if (rowStart & isNotHere) // without that mark its own page brings it
-            readRow(rowStart & offsetBits, rowSize);
+            readRow(int(target >> 8), rowStart & offsetBits, rowSize);
         mdb_read_pg(&m_file, ulong(page));
     }
 
-    void readRow(int start, size_t size)
+    void readRow(int page, int start, size_t size)
     {
-        const int found = size == 0 ? -1 : mdb_crack_row(&m_table, start, size, m_fields.data());
+        const bool isThere = size > 0 && endInFile(m_file, page, start, qint64(size)) <= m_size;
+        const int found = !isThere ? -1 : mdb_crack_row(&m_table, start, size, m_fields.data());
         if (found != int(m_table.num_cols)) {
             m_visitor.unreadableRow();
             return;
@@ -120,7 +122,7 @@ private:
             const MdbColumn &described = column(guint(field.colnum));
             if (described.row_col_num >= columnsOfRow)
                 field.is_null = 1;
-            if (const auto value = oldValue(m_file, described, field))
+            if (const auto value = oldValue(m_file, m_size, described, field))
                 row.values[size_t(field.colnum)] = *value;
             else
                 row.unreadable << field.colnum;
@@ -129,6 +131,7 @@ private:
     }
 
     MdbHandle &m_file;
+    const qint64 m_size;
     MdbTableDef &m_table;
     OldFileVisitor &m_visitor;
     std::vector<MdbField> m_fields;
@@ -156,10 +159,11 @@ bool readOldFile(const QString &path, const QString &wanted, OldFileVisitor &vis
     File file = openBytes(bytes, source.size());
     if (!file || source.size() < file->fmt->pg_size)
         throw OldFileError(u"It cannot be opened or is damaged."_s);
-    // The library would take the missing rest of a page for zeros, and those for fields that are null.
-    const qint64 wholePages = source.size() / file->fmt->pg_size * file->fmt->pg_size;
-    if (wholePages < source.size())
-        file = openBytes(bytes, wholePages);
+    // What is missing of the last page is read as zeros; what reaches into them counts as unreadable.
+    const qint64 pageSize = file->fmt->pg_size;
+    const qint64 allPages = (source.size() + pageSize - 1) / pageSize * pageSize;
+    if (allPages > source.size())
+        file = openBytes(bytes, allPages);
     if (hasPassword(*file))
         throw OldFileError(
             u"It is protected by a password.  Remove the password with the program that has set it, "
@@ -176,13 +180,13 @@ bool readOldFile(const QString &path, const QString &wanted, OldFileVisitor &vis
         if (!sameName(wanted, QString::fromUtf8(entry->object_name)))
             others.push_back(entry);
         else if (const Table table = open(*entry))
-            TableReader(*file, *table, visitor).read();
+            TableReader(*file, source.size(), *table, visitor).read();
     }
     for (MdbCatalogEntry *entry : others) {
         const Table table = open(*entry);
         visitor.beginTable({QString::fromUtf8(entry->object_name), table ? table->num_rows : 0, 0, {}});
     }
-    return wholePages == source.size();
+    return allPages == source.size();
 }
 
 } // namespace obelmark

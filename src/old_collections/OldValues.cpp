@@ -67,18 +67,19 @@ std::optional<Value> text(MdbHandle &file, QByteArrayView bytes)
 }
 
 /// A piece of a long text, which lies as a row on a page of its own.
-std::optional<QByteArrayView> pieceAt(MdbHandle &file, quint32 pageAndRow)
+std::optional<QByteArrayView> pieceAt(MdbHandle &file, qint64 sizeOfFile, quint32 pageAndRow)
 {
     void *page = nullptr;
     int offset = 0;
     size_t size = 0;
-    if (mdb_find_pg_row(&file, int(pageAndRow), &page, &offset, &size) != 0)
+    if (mdb_find_pg_row(&file, int(pageAndRow), &page, &offset, &size) != 0 ||
+        endInFile(file, int(pageAndRow >> 8), offset & offsetBits, qint64(size)) > sizeOfFile)
         return {};
     return QByteArrayView(static_cast<const char *>(page) + (offset & offsetBits), qsizetype(size));
 }
 
 /// A long text is described by a head in the row: its length and where it lies.
-std::optional<QByteArray> longBytes(MdbHandle &file, QByteArrayView head)
+std::optional<QByteArray> longBytes(MdbHandle &file, qint64 sizeOfFile, QByteArrayView head)
 {
     constexpr quint32 isInRow = 0x80000000;
     constexpr quint32 isInOnePiece = 0x40000000;
@@ -94,13 +95,13 @@ std::optional<QByteArray> longBytes(MdbHandle &file, QByteArrayView head)
     if (lengthAndKind & isInRow)
         return startOf(head.sliced(MDB_MEMO_OVERHEAD));
     if (lengthAndKind & isInOnePiece) {
-        const auto piece = pieceAt(file, next);
+        const auto piece = pieceAt(file, sizeOfFile, next);
         return piece ? startOf(*piece) : std::nullopt;
     }
     QByteArray bytes;
     // Every round but the last has to bring something, so a chain that bites its tail ends too.
     while (next != 0) {
-        const auto piece = pieceAt(file, next);
+        const auto piece = pieceAt(file, sizeOfFile, next);
         if (!piece || piece->size() <= linkSize || bytes.size() + piece->size() - linkSize > length)
             return {};
         next = qFromLittleEndian<quint32>(piece->data());
@@ -111,7 +112,7 @@ std::optional<QByteArray> longBytes(MdbHandle &file, QByteArrayView head)
 
 } // namespace
 
-std::optional<Value> oldValue(MdbHandle &file, const MdbColumn &column, const MdbField &field)
+std::optional<Value> oldValue(MdbHandle &file, qint64 size, const MdbColumn &column, const MdbField &field)
 {
     if (column.col_type == MDB_BOOL) // has no place but its null flag
         return Value(!field.is_null);
@@ -137,7 +138,7 @@ std::optional<Value> oldValue(MdbHandle &file, const MdbColumn &column, const Md
     case MDB_TEXT:
         return text(file, bytesOf(field));
     case MDB_MEMO: {
-        const auto bytes = longBytes(file, bytesOf(field));
+        const auto bytes = longBytes(file, size, bytesOf(field));
         return bytes ? text(file, *bytes) : std::nullopt;
     }
     default:

@@ -96,7 +96,7 @@ void DamagedFiles::partlyReadable_data()
                                       "condition: 8\ncountry: 9\nformat: 5\nmint: 7\ntype: 4"_s;
     QTest::newRow("a byte cut off")
         << whole.chopped(1) // of the page on which the last coins lie
-        << u"Coin: 396 of 409\nboughtfrom: 4\ncategory: 6\ncondition: 8\ncountry: 9\nformat: 5\nmint: 7\ntype: 4"_s;
+        << u"Coin: 408 of 409, 1 unreadable record\nboughtfrom: 4\ncategory: 6\ncondition: 8\ncountry: 9\nformat: 5\nmint: 7\ntype: 4"_s;
 }
 
 /// The user learns what is missing before anything is changed, and decides.
