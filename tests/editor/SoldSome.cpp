@@ -125,14 +125,19 @@ private slots:
         QCOMPARE(e.desktop.problems(), QStringList());
     }
 
-    void answerBeyondTheRangeEndsTheProgram()
+    void lotBeyondSixteenBits()
     {
-        EditorFixture e(lotOfTen);
+        EditorFixture e(lotOfTen + u"update Coin set quantity = 50000"_s);
         e.start();
+        e.desktop.answerText(question, questionTitle, u"99999999999"_s);
+        e.desktop.expectMessage(u"You do not have that many of the current coin."_s, u"Sold How Many?"_s);
+        e.button(u"cmdSoldSome").click();
         e.desktop.answerText(question, questionTitle, u"40000"_s);
-        e.desktop.expectMessage(u"6  Overflow"_s);
-        QVERIFY_THROWS_EXCEPTION(ProgramEnded, e.button(u"cmdSoldSome").click());
+        e.button(u"cmdSoldSome").click();
         QCOMPARE(e.desktop.problems(), QStringList());
+        e.close();
+        QCOMPARE(e.collection.query(u"select quantity, sold from Coin order by quantity"_s),
+                 QStringList({u"10000|0"_s, u"40000|1"_s}));
     }
 
     // Whichever write of the sale fails, the lot is as it was.
