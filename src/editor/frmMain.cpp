@@ -83,6 +83,7 @@ frmMain::frmMain(SharedState &shared, ProgramWindows &windows)
 {
     m_ui->setupUi(this);
     new AccessKeys(*this);
+    new HelpKey(*this, shared.desktop, shared.HelpFilePath);
     addPageKeys(*m_ui->Tab1);
     setFirstSize(*this);
     m_fields = std::make_unique<CoinFields>(*this, shared);
@@ -196,7 +197,6 @@ void frmMain::connectMenus()
     connect(m_ui->mnuAbout, &QAction::triggered, this, &frmMain::mnuAbout_Click);
     connect(m_ui->mnuExit, &QAction::triggered, this, &frmMain::mnuExit_Click);
     connect(m_ui->mnuRptCustom, &QAction::triggered, this, [this] { run([this] { mnuRptCustom_Click(); }); });
-    new HelpKey(*this, m_shared.desktop, m_shared.HelpFilePath);
 }
 
 void frmMain::Form_Load()

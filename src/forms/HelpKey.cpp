@@ -1,6 +1,7 @@
 #include "forms/HelpKey.h"
 
 #include "desktop/Desktop.h"
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
 #include <QKeyEvent>
@@ -14,21 +15,36 @@ namespace obelmark {
 HelpKey::HelpKey(QWidget &window, Desktop &desktop, const QString &helpFile)
     : QObject(&window), m_window(window), m_desktop(desktop), m_helpFile(helpFile)
 {
-    listenIn(window);
+    listenIn(window, nullptr);
     window.installEventFilter(this);
+    const auto actions = window.findChildren<QAction *>();
+    for (QAction *action : actions)
+        connect(action, &QAction::triggered, this, [this, action] { setOrigin(*action); });
+    const auto buttons = window.findChildren<QAbstractButton *>();
+    for (QAbstractButton *button : buttons)
+        connect(button, &QAbstractButton::pressed, this, [this, button] { setOrigin(*button); });
     // A menu that is open keeps all keys to itself.
     const auto menus = window.findChildren<QMenu *>();
     for (QMenu *menu : menus)
         menu->installEventFilter(this);
 }
 
-void HelpKey::listenIn(QWidget &place)
+void HelpKey::listenIn(QWidget &place, const QObject *origin)
 {
     auto *key = new QShortcut(Qt::Key_F1, &place);
-    connect(key, &QShortcut::activated, this, [this] {
-        const QWidget *focused = m_window.focusWidget();
-        showHelpFor(focused ? focused : &m_window);
+    connect(key, &QShortcut::activated, this, [this, origin] {
+        const QObject *focused = m_window.focusWidget();
+        showHelpFor(origin ? origin : focused ? focused : &m_window);
     });
+}
+
+// An item of a menu and a button's access key leave the focus where it is. What they do is done when the next
+// event comes; by then a box that they bring up has been seen.
+void HelpKey::setOrigin(const QObject &origin)
+{
+    m_origin = &origin;
+    QMetaObject::invokeMethod(
+        this, [this] { m_origin = nullptr; }, Qt::QueuedConnection);
 }
 
 bool HelpKey::eventFilter(QObject *object, QEvent *event)
@@ -36,7 +52,7 @@ bool HelpKey::eventFilter(QObject *object, QEvent *event)
     if (event->type() == QEvent::ChildPolished) {
         auto *box = qobject_cast<QDialog *>(static_cast<QChildEvent *>(event)->child());
         if (box && !box->findChild<HelpKey *>({}, Qt::FindDirectChildrenOnly))
-            listenIn(*box);
+            listenIn(*box, m_origin);
         return false;
     }
     const auto *menu = qobject_cast<QMenu *>(object);

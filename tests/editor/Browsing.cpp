@@ -212,16 +212,24 @@ private slots:
         QVERIFY(gui::activate(box));
         QTest::keyClick(&ok, Qt::Key_F1);
         box.close();
+        QVERIFY(gui::activate(*e.window));
+        QDialog another(e.window.get()); // one that a button's access key brings up
+        QPushButton yes(&another);
+        connect(&e.button(u"cmdFirst"), &QPushButton::clicked, &another, &QDialog::open);
+        gui::press(Qt::Key_T, Qt::AltModifier);
+        QVERIFY(gui::activate(another));
+        QTest::keyClick(&yes, Qt::Key_F1);
+        another.close();
         auto &menu = e.the<QMenu>(u"mnuReportsMenu");
         menu.popup(QPoint(0, 0));
         menu.setActiveAction(&e.the<QAction>(u"mnuRptForSale"));
         QTest::keyClick(&menu, Qt::Key_F1);
         QVERIFY(!menu.isVisible());
-        QVERIFY(gui::waitUntil([&] { return e.desktop.calls().size() == 4; }, "help on the menu item"));
+        QVERIFY(gui::waitUntil([&] { return e.desktop.calls().size() == 5; }, "help on the menu item"));
         QList<int> topics;
         for (const auto &call : e.desktop.calls())
             topics << call.topic;
-        QCOMPARE(topics, QList<int>({32, 40, 40, 73}));
+        QCOMPARE(topics, QList<int>({32, 40, 40, 14, 73}));
         QVERIFY(e.desktop.calls().first().text.endsWith(u"/coin.hlp"));
         QVERIFY(e.isBrowsing());
 

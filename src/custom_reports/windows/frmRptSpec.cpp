@@ -33,13 +33,13 @@ frmRptSpec::frmRptSpec(SharedState &shared, ReportPreview &preview, QWidget *par
 {
     setAttribute(Qt::WA_DeleteOnClose);
     m_ui->setupUi(this);
+    new HelpKey(*this, shared.desktop, shared.HelpFilePath);
     m_watch = new EntryWatch(*this, shared.desktop, [&shared](const auto &rule) { attempt(shared, rule); });
     m_details = std::make_unique<FieldDetails>(*m_ui, m_report, *m_watch, shared);
     connectControls();
     markChanges();
     new AccessKeys(*this);
     addPageKeys(*m_ui->Tab1);
-    new HelpKey(*this, shared.desktop, shared.HelpFilePath);
     Form_Load();
 }
 
