@@ -262,6 +262,18 @@ private slots:
         QVERIFY(!progress->update(u"3 rows"_s, 3, 0));
     }
 
+    void progressThatCannotBeCancelled()
+    {
+        const auto progress = m_desktop.showProgress(u"Repair"_s, false);
+        QWidget *box = nullptr;
+        QTRY_VERIFY_WITH_TIMEOUT((progress->update(u"..."_s, 0, 0), box = QApplication::activeModalWidget()),
+                                 10000);
+        QTest::keyClick(box, Qt::Key_Escape);
+        box->close();
+        QVERIFY(box->isVisible());
+        QVERIFY(progress->update(u"..."_s, 0, 0));
+    }
+
     void endProgramAsksNoWindow()
     {
         const QTemporaryDir temporary;

@@ -96,7 +96,13 @@ int runBox(QMessageBox::Icon icon, const QString &text, const QString &title,
 
 } // namespace
 
-RealDesktop::RealDesktop() = default;
+RealDesktop::RealDesktop()
+{
+    QObject::connect(qApp, &QApplication::focusChanged, &m_watcher, [this](QWidget *, const QWidget *now) {
+        if (now && !now->window()->isModal())
+            m_owner = now->window();
+    });
+}
 RealDesktop::~RealDesktop() = default;
 
 void RealDesktop::showMessage(const QString &text, const QString &title, Icon icon)
@@ -127,12 +133,11 @@ std::optional<QString> RealDesktop::askText(const QString &prompt, const QString
     return box.textValue();
 }
 
-// Just after a box has closed no window is active yet; a box that follows belongs where the first one did.
+// Just after a box has closed no window is active yet; one that follows belongs to the window worked in.
 QWidget *RealDesktop::owner()
 {
-    if (QWidget *active = QApplication::activeWindow())
-        m_owner = active;
-    return m_owner;
+    QWidget *active = QApplication::activeWindow();
+    return active ? active : m_owner.data();
 }
 
 std::optional<QString> RealDesktop::askSaveFile(const QString &fileName, const QString &filter)

@@ -40,7 +40,8 @@ private:
     /// The window that the next box belongs to.
     QWidget *owner();
 
-    QPointer<QWidget> m_owner;
+    QObject m_watcher;
+    QPointer<QWidget> m_owner; ///< the window, and no box, that was worked in last
     bool m_hourglass = false;
 
     /// Made when help is first asked for: opening help files is no part of the start.
