@@ -24,6 +24,7 @@
 #include "forms/PageKeys.h"
 #include "lookups/frmCodesMaint.h"
 #include "old_collections/TakeOver.h"
+#include "pictures/PictureFiles.h"
 #include "pictures/frmImage.h"
 #include "runtime/Dates.h"
 #include "runtime/SafeFile.h"
@@ -232,8 +233,8 @@ void frmMain::Form_Load()
         m_shared.CoinDatabase =
             openCoinDatabase(m_shared.DatabasePath, shownProgress(m_shared.desktop, u"Open"_s, false));
     });
-    for (const QString &folder : {m_shared.AppFolder, pathInAnyCase(m_shared.AppFolder, u"images"_s)})
-        removeUnfinishedFiles(folder);
+    removeUnfinishedFiles(m_shared.AppFolder);
+    removeUnfinishedPictures(m_shared.AppFolder);
     step([&] { Form_Activate(); });
     step([&] { m_shared.CoinRecordset = openCoins(coinDatabase(m_shared), m_shared.SortOrder); });
     m_seenRepairs = m_shared.DatabaseRepairs;

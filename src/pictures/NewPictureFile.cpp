@@ -13,8 +13,7 @@ namespace obelmark {
 using namespace Qt::StringLiterals;
 
 NewPictureFile::NewPictureFile(const QImage &picture, const QString &appFolder, qint64 coinId)
-    : m_appFolder(appFolder), m_coinId(coinId),
-      m_temporary(imagesFolder(appFolder) + u".obelmark-picture.tmp"_s)
+    : m_appFolder(appFolder), m_coinId(coinId), m_temporary(imagesFolder(appFolder) + unfinishedPicture)
 {
     // The folder may have been taken away since the program began.
     QDir().mkpath(imagesFolder(appFolder));

@@ -77,6 +77,12 @@ QString writtenPictureFile(const QString &appFolder, qint64 coinId)
     return u"%1%2.jpg"_s.arg(imagesFolder(appFolder), stem(coinId));
 }
 
+void removeUnfinishedPictures(const QString &appFolder)
+{
+    for (const QLatin1StringView name : {unfinishedPicture, unfinishedJpeg})
+        removeUnfinishedFile(imagesFolder(appFolder) + name);
+}
+
 void deleteReplacedPictures(const QString &appFolder, qint64 coinId)
 {
     const QDir folder(imagesFolder(appFolder));

@@ -17,6 +17,14 @@ QString findPictureFile(const QString &appFolder, qint64 coinId);
 /// Where a new picture of the coin is written.
 QString writtenPictureFile(const QString &appFolder, qint64 coinId);
 
+/// Names of files in the making in the images folder. There is one of each at most, so that nobody has to
+/// look for them among all the pictures.
+inline constexpr QLatin1StringView unfinishedPicture(".obelmark-picture.tmp");
+inline constexpr QLatin1StringView unfinishedJpeg(".obelmark-jpeg.tmp");
+
+/// Removes those that a run which was cut off has left. See removeUnfinishedFile().
+void removeUnfinishedPictures(const QString &appFolder);
+
 /// Deletes the pictures of other extensions that a newly written one replaces. Files that are no pictures
 /// stay.
 void deleteReplacedPictures(const QString &appFolder, qint64 coinId);

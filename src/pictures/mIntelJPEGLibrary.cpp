@@ -40,7 +40,7 @@ bool WriteJPEGFile(const cDIBSection &section, const QString &fileName, qint32 q
     const QByteArray bytes = encode(section, quality);
     // One name for all: only one program at a time has the collection open, and what an earlier one has left
     // behind is written over.
-    const QString temporary = QFileInfo(fileName).path() + u"/.obelmark-jpeg.tmp"_s;
+    const QString temporary = QFileInfo(fileName).path() + u'/' + unfinishedJpeg;
     try {
         QFile::remove(temporary);
         SafeFile file(temporary);

@@ -234,14 +234,18 @@ void SafeFile::commit()
     flushToDisk(d->folder);
 }
 
+void removeUnfinishedFile(const QString &path)
+{
+    const QFileInfo file(path);
+    if (file.isFile() && file.lastModified() < QDateTime::currentDateTime().addSecs(-3600))
+        QFile::remove(path);
+}
+
 void removeUnfinishedFiles(const QString &folder)
 {
-    const QDateTime anHourAgo = QDateTime::currentDateTime().addSecs(-3600);
-    const auto files = QDir(folder).entryInfoList({u".obelmark-*.tmp"_s}, QDir::Files | QDir::Hidden);
-    for (const QFileInfo &file : files) {
-        if (file.lastModified() < anHourAgo)
-            QFile::remove(file.filePath());
-    }
+    const QStringList names = QDir(folder).entryList({u".obelmark-*.tmp"_s}, QDir::Files | QDir::Hidden);
+    for (const QString &name : names)
+        removeUnfinishedFile(folder + u'/' + name);
 }
 
 void flushToDisk(const QString &path)

@@ -32,8 +32,12 @@ private:
     std::unique_ptr<Private> d;
 };
 
-/// Removes from a folder what runs of the program that were cut off (killed, a power cut) have left there of
-/// files they had not finished: ".obelmark-*.tmp". What is younger than an hour may be somebody's work.
+/// Removes a file that a run of the program which was cut off (killed, a power cut) has not finished. What is
+/// younger than an hour stays: it may be somebody's work.
+void removeUnfinishedFile(const QString &path);
+
+/// Removes what SafeFile and others have left unfinished in a folder: ".obelmark-*.tmp". Looks at all names
+/// in the folder.
 void removeUnfinishedFiles(const QString &folder);
 
 /// Flushes a finished file's bytes, or a folder's entries, to the disk.
