@@ -9,6 +9,8 @@
 #include "runtime/Numbers.h"
 #include "store/CoinFile.h"
 #include "store/ErrorHandling.h"
+#include <algorithm>
+#include <cmath>
 #include <optional>
 
 namespace obelmark {
@@ -36,19 +38,20 @@ Money times(Money price, qint64 quantity)
 }
 
 /// The number that the user answers; nothing, after a message, when it cannot be sold.
-std::optional<qint32> askNumberSold(SharedState &shared, qint64 quantity)
+std::optional<qint64> askNumberSold(SharedState &shared, qint64 quantity)
 {
     const QString answer =
         shared.desktop.askText(u"How many of this coin were sold?"_s, u"Sold Some of Current Coin"_s)
             .value_or(QString());
-    const double about = isNumeric(answer, shared.regional) ? toDouble(answer, shared.regional) : 0;
-    const bool isFarTooMany = about >= double(quantity) + 1; // perhaps more than a number can hold
-    const qint32 sold = about > 0 && !isFarTooMany ? toInt32(answer, shared.regional) : 0;
-    if (sold <= 0 && !isFarTooMany) {
+    const double number = isNumeric(answer, shared.regional) ? toDouble(answer, shared.regional) : 0;
+    const auto most = double(std::max<qint64>(quantity, 0));
+    // One more than there are stands for any larger number, which may not fit into an integer.
+    const auto sold = qint64(std::nearbyint(std::clamp(number, 0.0, most + 1)));
+    if (sold <= 0) {
         shared.desktop.showMessage(u"You must enter a number for the number sold."_s, u"Number Required"_s);
         return {};
     }
-    if (sold > quantity || isFarTooMany) {
+    if (sold > quantity) {
         shared.desktop.showMessage(u"You do not have that many of the current coin."_s, u"Sold How Many?"_s);
         return {};
     }
@@ -57,7 +60,7 @@ std::optional<qint32> askNumberSold(SharedState &shared, qint64 quantity)
 
 /// The record of the coins sold: what stands in the fields, but for the number, the totals and the sale.
 /// Answers whether it was written.
-bool writeSoldRecord(CoinFields &fields, SharedState &shared, qint32 sold)
+bool writeSoldRecord(CoinFields &fields, SharedState &shared, qint64 sold)
 {
     // The fields show the lot as it is stored; a saved edit would put the issue date into the century of the
     // year.
@@ -87,7 +90,7 @@ bool writeSoldRecord(CoinFields &fields, SharedState &shared, qint32 sold)
 }
 
 /// What is left of the lot, its totals from the stored prices.
-void reduceLot(SharedState &shared, qint32 sold)
+void reduceLot(SharedState &shared, qint64 sold)
 {
     auto &coins = coinRecordset(shared);
     attempt(shared, [&] { coins.edit(); });
