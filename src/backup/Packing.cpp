@@ -1,7 +1,7 @@
 #include "backup/Packing.h"
 
-#include "common/ShownProgress.h"
 #include "common/SharedState.h"
+#include "common/ShownProgress.h"
 #include "common/TextHelpers.h"
 #include "desktop/Desktop.h"
 #include "engine/EngineError.h"

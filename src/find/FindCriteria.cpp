@@ -24,7 +24,7 @@ constexpr FindOperator comparisons[] = {
 
 constexpr FindOperator yesNoValues[] = {
     {u"True", u" = true", u""},
-    {u"False", u" is not true", u""}, // a mark that another tool has left null is none,
+    {u"False", u" is not true", u""}, // a mark that another tool has left null is none
 };
 
 bool isOfLookupTable(const CatalogueField &field)

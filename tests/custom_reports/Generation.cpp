@@ -134,7 +134,8 @@ QString coins()
         sql +=
             u"insert into Coin (descr, pricepaid, PurchaseDate, sold, struck, couid, Year, quantity) values "
             "(%1, %2, %3, %4, %5, %6, %7, %8);"_s.arg(descriptions[i % 6], prices[i % 9], dates[i % 7],
-                                                      QStringList{u"0"_s, u"1"_s, u"null"_s}[i / 3 % 3], times[i % 5],
+                                                      QStringList{u"0"_s, u"1"_s, u"null"_s}[i / 3 % 3],
+                                                      times[i % 5],
                                                       QStringList{u"null"_s, u"1"_s, u"2"_s, u"3"_s}[i % 4],
                                                       QString::number(1897 + i % 5), QString::number(i + 1));
     }
@@ -218,7 +219,8 @@ private slots:
                 r.of(Bought).EndValue = at(u"0900-01-05"_s);
             },
             u"Select descr, pricepaid, sold, struck, PurchaseDate from coin where  descr like 'O''N*' and "
-            "pricepaid < 1234.5 and pricepaid > -0.5 and sold is not true and struck >= #10:30:00 AM# and struck <= "
+            "pricepaid < 1234.5 and pricepaid > -0.5 and sold is not true and struck >= #10:30:00 AM# and "
+            "struck <= "
             "#1/5/2005 6:15:42 PM# and PurchaseDate <= #1/5/0900#"_s);
         add(
             "false alone", {Sold}, [](Report &r) { r.of(Sold).SelFalse = true; },

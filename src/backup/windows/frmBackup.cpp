@@ -1,8 +1,8 @@
 #include "backup/windows/frmBackup.h"
 
 #include "backup/Backup.h"
-#include "common/ShownProgress.h"
 #include "common/SharedState.h"
+#include "common/ShownProgress.h"
 #include "desktop/Desktop.h"
 #include "forms/HelpKey.h"
 #include "runtime/NumberedError.h"
