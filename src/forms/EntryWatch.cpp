@@ -1,5 +1,6 @@
 #include "forms/EntryWatch.h"
 
+#include "forms/HelpKey.h"
 #include <QApplication>
 #include <QFocusEvent>
 #include <QLineEdit>
@@ -137,6 +138,9 @@ void EntryWatch::leave()
 
 void EntryWatch::refuse(QWidget *field, const Refusal &refusal)
 {
+    // The focus has gone on to another field already.
+    if (auto *help = m_window.findChild<HelpKey *>({}, Qt::FindDirectChildrenOnly))
+        help->setOrigin(*field);
     m_desktop.showMessage(refusal.text, QString::fromUtf16(applicationTitle), refusal.icon);
     if (!refusal.focusBack)
         return;

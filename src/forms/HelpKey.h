@@ -23,12 +23,14 @@ public:
     HelpKey(QWidget &window, Desktop &desktop, const QString &helpFile);
     HelpKey(QWidget &window, Desktop &desktop, QString &&helpFile) = delete;
 
+    /// What the box that is about to come up comes from.
+    void setOrigin(const QObject &origin);
+
 protected:
     bool eventFilter(QObject *object, QEvent *event) override;
 
 private:
     void listenIn(QWidget &place, const QObject *origin);
-    void setOrigin(const QObject &origin);
     void showHelpFor(const QObject *object);
 
     QWidget &m_window;
