@@ -4,6 +4,7 @@
 #include "desktop/qt/RealDesktop.h"
 #include "editor/Program.h"
 #include "editor/ProgramWindows.h"
+#include "forms/EnterOnButtons.h"
 #include <QApplication>
 #include <QIcon>
 
@@ -32,6 +33,7 @@ int main(int argc, char *argv[])
     QApplication::setKeyboardInputInterval(slowestTypingMs);
     // Backup and packing close the main window for a while.
     QApplication::setQuitOnLastWindowClosed(false);
+    const obelmark::EnterOnButtons enterOnButtons;
 
     obelmark::RealDesktop desktop;
     obelmark::SharedState shared(desktop, obelmark::RegionalSettings::system());

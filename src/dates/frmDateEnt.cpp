@@ -2,6 +2,7 @@
 
 #include "common/SharedState.h"
 #include "desktop/Desktop.h"
+#include "forms/SecondClick.h"
 #include "runtime/Formats.h"
 #include "ui_frmDateEnt.h"
 #include <QKeyEvent>
@@ -44,7 +45,8 @@ frmDateEnt::frmDateEnt(SharedState &shared, QWidget *parent)
     for (const auto &[button, months] : buttons)
         connect(button, &QToolButton::clicked, this, [this, steps = months] { step(steps); });
     connect(m_ui->Grid1, &QTableWidget::cellClicked, this, [this](int row, int column) {
-        pick({row, column});
+        if (pick({row, column}))
+            swallowSecondClick(*m_release);
     });
     connect(m_ui->Grid1, &QTableWidget::currentCellChanged, this, [this](int row, int column) {
         choose(m_page.dayAt({row, column}));
@@ -75,6 +77,7 @@ void frmDateEnt::Form_Load()
     m_ui->txtMonth->installEventFilter(this);
     m_ui->txtYear->installEventFilter(this);
     m_ui->Grid1->installEventFilter(this);
+    m_ui->Grid1->viewport()->installEventFilter(this);
     m_ui->Grid1->setFocus();
 }
 
@@ -145,12 +148,13 @@ void frmDateEnt::choose(int day)
     m_ui->Grid1->setCurrentCell(cell.row, cell.column);
 }
 
-void frmDateEnt::pick(MonthPage::Cell cell)
+bool frmDateEnt::pick(MonthPage::Cell cell)
 {
     if (!m_page.choose(m_page.dayAt(cell)))
-        return;
+        return false;
     m_shared.PickDate = Date::from(m_page.chosen());
     accept();
+    return true;
 }
 
 bool frmDateEnt::pressInGrid(int key, bool withCtrl)
@@ -192,6 +196,11 @@ bool frmDateEnt::pressInGrid(int key, bool withCtrl)
 
 bool frmDateEnt::eventFilter(QObject *object, QEvent *event)
 {
+    if (object == m_ui->Grid1->viewport()) {
+        if (event->type() == QEvent::MouseButtonRelease)
+            m_release.reset(static_cast<QMouseEvent *>(event)->clone());
+        return false;
+    }
     if (object != m_ui->Grid1 && event->type() == QEvent::FocusIn) {
         m_ui->Grid1->setFocus();
         return true;

@@ -32,12 +32,14 @@ private:
     void sizeToText();
     void step(int months);
     void choose(int day);
-    void pick(MonthPage::Cell cell);
+    /// Answers false for a cell without a day.
+    bool pick(MonthPage::Cell cell);
     bool pressInGrid(int key, bool withCtrl);
 
     SharedState &m_shared;
     std::unique_ptr<Ui::frmDateEnt> m_ui;
     MonthPage m_page;
+    std::unique_ptr<QMouseEvent> m_release; ///< the last one over the days
 };
 
 } // namespace obelmark

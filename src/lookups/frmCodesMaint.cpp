@@ -104,7 +104,7 @@ bool frmCodesMaint::event(QEvent *event)
     return QWidget::event(event);
 }
 
-// Enter is for the default button alone, wherever the focus is; Escape is for none.
+// From the fields, Enter is for the default button; Escape is for none.
 void frmCodesMaint::keyPressEvent(QKeyEvent *event)
 {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;

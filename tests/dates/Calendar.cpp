@@ -149,6 +149,38 @@ private slots:
         QCOMPARE(form.desktop.calls().size(), 0);
     }
 
+    void secondHalfOfADoubleClick_data()
+    {
+        QTest::addColumn<int>("afterMs");
+        QTest::addColumn<QPoint>("away");
+        QTest::addColumn<bool>("arrives");
+        QTest::newRow("of the same double click") << 150 << QPoint(2, 1) << false;
+        QTest::newRow("a later click") << 900 << QPoint() << true;
+        QTest::newRow("a click elsewhere") << 150 << QPoint(40, 0) << true;
+    }
+    void secondHalfOfADoubleClick()
+    {
+        QFETCH(int, afterMs);
+        QFETCH(QPoint, away);
+        Form form;
+        QPoint place;
+        QVERIFY(form.pick(QDate(2005, 4, 20), [&](QWidget &calendar) {
+            const QTableWidget &days = grid(calendar);
+            place = days.viewport()->mapToGlobal(days.visualItemRect(days.currentItem()).center());
+            clickDay(calendar, 20);
+        }));
+        const ulong clicked = QTest::lastMouseTimestamp - ulong(QTest::mouseDoubleClickInterval);
+        gui::activate(form.window);
+        QVERIFY(gui::waitUntil([&] { return form.next.hasFocus(); }, "focus moved on"));
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            QMouseEvent event(type, form.field.geometry().center(), place + away, Qt::LeftButton,
+                              Qt::LeftButton, {});
+            event.setTimestamp(clicked + ulong(afterMs));
+            QCoreApplication::sendEvent(form.window.windowHandle(), &event);
+        }
+        QTEST(form.field.hasFocus(), "arrives");
+    }
+
     void cellsWithoutADay()
     {
         Form form;

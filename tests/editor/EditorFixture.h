@@ -5,6 +5,7 @@
 #include "editor/LookupList.h"
 #include "editor/ProgramWindows.h"
 #include "editor/frmMain.h"
+#include "forms/EnterOnButtons.h"
 #include "support/GuiDriver.h"
 #include "support/ScriptedDesktop.h"
 #include "support/TestCollection.h"
@@ -120,6 +121,7 @@ public:
 
 private:
     QLocale m_locale;
+    EnterOnButtons m_enterOnButtons;
 };
 
 } // namespace obelmark

@@ -147,15 +147,20 @@ private slots:
         QCOMPARE(w.shown(), u"Al"_s);
         QCOMPARE(w.buttons(), browsingButtons);
         QCOMPARE(w.defaultButton(), u"cmdAddNew"_s);
+        w.edit(u"txtDesc").setFocus();
         gui::press(Qt::Key_Enter);
         QCOMPARE(w.buttons(), addingButtons);
         gui::type(u"Dropped"_s);
-        w.press(u"cmdCancel");
+        w.button(u"cmdCancel").setFocus();
+        gui::press(Qt::Key_Return);
         QCOMPARE(w.shown(), u"Dora"_s);
         QCOMPARE(w.defaultButton(), u"cmdOk"_s);
         QCOMPARE(e.desktop.problems(), QStringList());
-        // Enter is for the default button, wherever the focus is.
+        // On another button Enter is for that, from a field it is for the default button.
         w.button(u"cmdFirst").setFocus();
+        gui::press(Qt::Key_Return);
+        QCOMPARE(w.shown(), u"Al"_s);
+        w.edit(u"txtDesc").setFocus();
         gui::press(Qt::Key_Return);
         QVERIFY(gui::waitUntil([&] { return !w.window; }, "window closed by Ok"));
         e.close();
