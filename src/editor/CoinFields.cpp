@@ -138,6 +138,12 @@ void CoinFields::onChange(QObject *context, const std::function<void()> &changed
     }
 }
 
+void CoinFields::forEach(const std::function<void(const FieldControl &)> &act) const
+{
+    for (const Field &field : m_fields)
+        act(*field.control);
+}
+
 void CoinFields::writeRow()
 {
     for (const Field &field : m_fields) {

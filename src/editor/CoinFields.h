@@ -27,6 +27,7 @@ public:
     void writeRow();
 
     MoneyControl &money(const QString &control);
+    void forEach(const std::function<void(const FieldControl &field)> &act) const;
     /// Calls \a changed at every change of a field, but not of the totals, as long as \a context lives.
     void onChange(QObject *context, const std::function<void()> &changed) const;
 

@@ -8,7 +8,12 @@ namespace obelmark {
 
 class DateField;
 class LookupList;
+class RegionalSettings;
 struct SharedState;
+
+/// A number typed by the user as money, which is what its field shows when it is left. Beyond the range of
+/// Money as far as a floating number goes: it can be shown, and is refused when the coin is saved.
+QString moneyText(const QString &number, const RegionalSettings &regional);
 
 class MoneyControl : public LineControl
 {
@@ -16,6 +21,7 @@ public:
     MoneyControl(QLineEdit *edit, const SharedState &shared) : LineControl(edit), m_shared(shared) {}
     void show(const Value &stored) override;
     Value value() const override;
+    QString remark(bool isChecked) const override;
 
     QString text() const;
     /// Whether the text is what was last shown here, so that the exact amount behind it still holds.
@@ -43,6 +49,7 @@ public:
     void show(const Value &stored) override;
     void clear() override;
     Value value() const override;
+    QString remark(bool isChecked) const override;
 
 private:
     Size m_size;
@@ -57,6 +64,7 @@ public:
     QWidget *widget() const override;
     void show(const Value &stored) override;
     Value value() const override;
+    QString remark(bool isChecked) const override;
     void onChange(QObject *context, const std::function<void()> &changed) const override;
 
 protected:

@@ -27,17 +27,6 @@ constexpr UnitRow unitTable[] = {
     {u"txtPriceAsk", u"txtTotalSales", u"dcSoldDate"},
 };
 
-/// A number typed by the user as money, beyond the range of Money as far as a floating number goes: it can be
-/// shown, and is refused when the coin is saved.
-QString moneyText(const QString &number, const RegionalSettings &regional)
-{
-    try {
-        return formatCurrency(Money::fromText(number, regional), regional);
-    } catch (const NumberedError &) {
-        return formatCurrency(toDouble(number, regional), regional);
-    }
-}
-
 } // namespace
 
 MoneyFields::MoneyFields(QWidget &window, CoinFields &fields, EntryWatch &watch, SharedState &shared)

@@ -11,6 +11,7 @@
 #include "dates/IssueDate.h"
 #include "desktop/Desktop.h"
 #include "editor/CoinFields.h"
+#include "editor/EntryHints.h"
 #include "editor/LookupList.h"
 #include "editor/LookupLists.h"
 #include "editor/MoneyFields.h"
@@ -22,6 +23,7 @@
 #include "forms/FirstSize.h"
 #include "forms/HelpKey.h"
 #include "forms/PageKeys.h"
+#include "forms/StatusText.h"
 #include "lookups/frmCodesMaint.h"
 #include "old_collections/TakeOver.h"
 #include "pictures/PictureFiles.h"
@@ -55,6 +57,14 @@ constexpr const char16_t *tabOrder[] = {
     u"cmdCancel",      u"cmdUpdate",   u"cmdPicture",
 };
 
+/// How many digits a field of numbers is wide at most: in a window as wide as the screen they would be hard
+/// to find at its far end.
+constexpr std::pair<const char16_t *, int> widestFields[] = {
+    {u"txtFace", 18},       {u"txtYear", 10},        {u"txtQuantity", 12}, {u"txtPricePaid", 32},
+    {u"txtTotalPaid", 32},  {u"txtCatValue", 32},    {u"txtTotalVal", 32}, {u"txtPriceAsk", 32},
+    {u"txtTotalSales", 32}, {u"dcPurchaseDate", 32}, {u"dcSoldDate", 32},
+};
+
 struct DateRow
 {
     const char16_t *field;
@@ -77,6 +87,12 @@ bool isTabStop(const QWidget &widget)
     return widget.isEnabled() && !widget.isHidden();
 }
 
+/// Which collection this is: it may be the sample, or one of several.
+QString shownFolder(const SharedState &shared)
+{
+    return QDir::toNativeSeparators(QDir(shared.AppFolder).absolutePath());
+}
+
 } // namespace
 
 frmMain::frmMain(SharedState &shared, ProgramWindows &windows)
@@ -86,12 +102,18 @@ frmMain::frmMain(SharedState &shared, ProgramWindows &windows)
     new AccessKeys(*this);
     new HelpKey(*this, shared.desktop, shared.HelpFilePath);
     addPageKeys(*m_ui->Tab1);
+    limitWidths();
+    fillStatusBar();
     setFirstSize(*this);
     m_fields = std::make_unique<CoinFields>(*this, shared);
     m_buttons = std::make_unique<EditButtons>(*this, QList{m_ui->cmdPicture, m_ui->cmdSoldSome});
     m_watch = new EntryWatch(*this, shared.desktop, [&shared](const auto &rule) { attempt(shared, rule); });
     new MoneyFields(*this, *m_fields, *m_watch, shared);
     connectFields();
+    const auto *hints = new EntryHints(*this, *m_fields, *m_watch);
+    connect(hints, &EntryHints::told, this, [this](const QString &sentence) {
+        m_note->tell(sentence.isEmpty() ? shownFolder(m_shared) : sentence);
+    });
     connectButtons();
     connectMenus();
     connectPictureWindow();
@@ -99,13 +121,28 @@ frmMain::frmMain(SharedState &shared, ProgramWindows &windows)
 
 frmMain::~frmMain() = default;
 
-void frmMain::connectFields()
+void frmMain::limitWidths()
+{
+    for (const auto &[field, digits] : widestFields)
+        findChild<QWidget *>(QString::fromUtf16(field))
+            ->setMaximumWidth(digits * fontMetrics().horizontalAdvance(u'0'));
+}
+
+void frmMain::fillStatusBar()
 {
     m_position = new QLabel(this);
     m_position->setObjectName(u"lblPosition"_s);
+    m_note = new StatusText(u"lblNote"_s, this);
     // Under the fields, not at the window's edge.
-    statusBar()->setContentsMargins(m_ui->layMain->contentsMargins().left(), 0, 0, 0);
+    const QMargins margins = m_ui->layMain->contentsMargins();
+    statusBar()->setContentsMargins(margins.left(), 0, 0, 0);
+    m_note->setIndent(2 * margins.left());
     statusBar()->addWidget(m_position);
+    statusBar()->addWidget(m_note, 1);
+}
+
+void frmMain::connectFields()
+{
     m_positionTimer.setSingleShot(true);
     connect(&m_positionTimer, &QTimer::timeout, this, [this] {
         // While a damaged file is being repaired there are no coins, but the clock goes on.
@@ -254,6 +291,7 @@ void frmMain::Form_Load()
     // The first picture of the window is a whole one.
     m_positionTimer.stop();
     run([&] { showPosition(); });
+    m_note->tell(shownFolder(m_shared));
     // An empty collection has nothing to do but to begin.
     (m_ui->txtDescr->isEnabled() ? static_cast<QWidget *>(m_ui->txtDescr) : m_ui->cmdAddNew)->setFocus();
 }

@@ -15,6 +15,7 @@ class Dynaset;
 class EditButtons;
 class EntryWatch;
 class MoneyFields;
+class StatusText;
 enum class Move;
 class frmAbout;
 struct ProgramWindows;
@@ -60,6 +61,8 @@ protected:
 
 private:
     // Start-up, activation, menus (frmMain.cpp)
+    void limitWidths();
+    void fillStatusBar();
     void connectMenus();
     void colourTotals();
     void connectButtons();
@@ -123,6 +126,8 @@ private:
     /// Shows the place in the collection when everything else is on the screen: it may have to be counted.
     QTimer m_positionTimer;
     QLabel *m_position = nullptr;
+    /// The folder of the collection or, while there is one, the hint on what is being typed.
+    StatusText *m_note = nullptr;
 
     bool Editing = false;
     bool Adding = false;

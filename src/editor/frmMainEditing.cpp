@@ -386,7 +386,9 @@ void frmMain::chkSold_Click()
 
 void frmMain::chkWantList_Click()
 {
-    m_ui->lblPrice->setText(m_ui->chkWantList->isChecked() ? u"Will Pay"_s : u"Price Paid"_s);
+    const QString caption = m_ui->chkWantList->isChecked() ? u"Will Pay"_s : u"Price Paid"_s;
+    m_ui->lblPrice->setText(caption);
+    m_ui->txtPricePaid->setAccessibleName(caption);
 }
 
 } // namespace obelmark

@@ -47,6 +47,9 @@ public:
         watch(field, Rules{{}, onLeave, {}});
     }
 
+    /// Whether a value may be refused when the field is left.
+    bool checks(QObject *field) const { return bool(m_rules.value(field).onLeave); }
+
     bool isRefusalPending() const { return m_pending; }
     /// Does for the field that has been entered and not left yet what leaving it would do. Answers false,
     /// after the message, when its value is refused.

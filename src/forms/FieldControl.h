@@ -27,6 +27,10 @@ public:
     virtual void clear() { show(Value()); }
     /// \throws Overflow, TypeMismatch when what the user typed cannot be stored
     virtual Value value() const = 0;
+    /// What saving would do to what the user typed other than keep it, as the end of a sentence about the
+    /// field, such as "will be saved as 2."; empty when it is kept. \a isChecked tells that the field cannot
+    /// be left with what is no value.
+    virtual QString remark([[maybe_unused]] bool isChecked) const { return {}; }
     /// Calls \a changed at every change of what the control shows, those by show() and clear() too, for as
     /// long as \a context lives.
     virtual void onChange(QObject *context, const std::function<void()> &changed) const = 0;

@@ -13,6 +13,14 @@ namespace {
 /// Height of the letters that the windows were drawn for, in pixels.
 constexpr double drawnForHeight = 14;
 
+/// About what the desktop will put around the window, which it does not tell before the window is shown.
+QSize frameSize(const QWidget &window)
+{
+    constexpr int border = 4;
+    const int title = window.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window);
+    return {2 * border, title + 2 * border};
+}
+
 QScrollArea *scrolled(QWidget *contents)
 {
     auto *area = new QScrollArea;
@@ -42,8 +50,7 @@ void setFirstSize(QWidget &window)
 {
     const double growth = qMax(1.0, window.fontMetrics().height() / drawnForHeight);
     const QSize least = window.minimumSizeHint();
-    const QSize most = window.screen()->availableSize() -
-                       QSize(0, window.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window));
+    const QSize most = window.screen()->availableSize() - frameSize(window);
     const QSize wanted = (window.size() * growth).expandedTo(least);
     if (least.width() > most.width() || least.height() > most.height())
         scrollContents(window);

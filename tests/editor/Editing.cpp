@@ -1,4 +1,5 @@
 #include "EditorFixture.h"
+#include <QDir>
 #include <QFile>
 #include <sqlite3.h>
 
@@ -285,6 +286,7 @@ private slots:
         QVERIFY(!e.box(u"chkForSale").isChecked());
         QVERIFY(gui::click(e.box(u"chkWantList")));
         QCOMPARE(e.the<QLabel>(u"lblPrice").text(), u"Will Pay"_s);
+        QCOMPARE(e.edit(u"txtPricePaid").accessibleName(), u"Will Pay"_s);
         QVERIFY(e.isEditing());
     }
 
@@ -316,6 +318,52 @@ private slots:
         e.press(u"cmdUpdate");
         e.close();
         QCOMPARE(e.collection.query(u"select coinid, descr from Coin"_s), QStringList(u"10|New"_s));
+    }
+
+    void hintsTellWhatSavingDoes_data()
+    {
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("hint");
+        const auto row = [](const QString &field, const QString &text, const QString &hint) {
+            QTest::addRow("%s", qPrintable(text + u' ' + hint)) << field << text << hint;
+        };
+        row(u"txtYear"_s, u"1878-S"_s, u"Year: '1878-S' is not a number; it will be saved empty."_s);
+        row(u"txtYear"_s, u"1878-"_s, u"Year: will be saved as -1878."_s);
+        row(u"txtYear"_s, u"40000"_s, u"Year: must lie between -32,768 and 32,767."_s);
+        row(u"txtYear"_s, u"1,878"_s, QString());
+        row(u"txtQuantity"_s, u"2.5"_s, u"Quantity: will be saved as 2."_s);
+        row(u"txtQuantity"_s, u"two"_s, u"Quantity: 'two' is not a number."_s);
+        row(u"txtPricePaid"_s, u"2.505"_s, u"Price Paid: will be saved as $2.51."_s);
+        row(u"txtPricePaid"_s, u"1e30"_s,
+            u"Price Paid: must lie between ($922,337,203,685,477.58) and $922,337,203,685,477.58."_s);
+        row(u"txtPricePaid"_s, u"2.5"_s, QString());
+        row(u"dcIssueDate"_s, u"1/1/2002"_s, u"Issue Date: will be saved as 1/1/1902."_s);
+        row(u"dcIssueDate"_s, u"13/13"_s, u"Issue Date: '13/13' is not a date."_s);
+        row(u"dcPurchaseDate"_s, u"soon"_s,
+            u"Purchase Date: 'soon' is not a date; it will be saved empty."_s);
+        row(u"dcPurchaseDate"_s, u"7/4/76"_s, u"Purchase Date: will be saved as 7/4/1976."_s);
+        row(u"dcPurchaseDate"_s, u"07/04/1976"_s, QString());
+    }
+    void hintsTellWhatSavingDoes()
+    {
+        QFETCH(QString, field);
+        QFETCH(QString, text);
+        QFETCH(QString, hint);
+        EditorFixture e(u"insert into Coin (descr, quantity, year) values ('Alpha', 1, 1902)"_s);
+        e.start();
+        e.typeInto(field, text);
+        const auto &note = e.the<QLabel>(u"lblNote");
+        QTRY_COMPARE(note.text(), hint.isEmpty() ? QDir::currentPath() : hint);
+        QCOMPARE(e.the<QWidget>(field).accessibleDescription(), hint);
+        if (!hint.contains(u"saved"_s))
+            return;
+        e.press(u"cmdUpdate");
+        QVERIFY(e.isBrowsing());
+        const QString shown =
+            e.the<QWidget>(field).property(field[0] == u'd' ? "currentText" : "text").toString();
+        QVERIFY2(hint.endsWith(shown.isEmpty() ? u" empty."_s : u" %1."_s.arg(shown)), qPrintable(shown));
+        QTRY_COMPARE(note.text(), QDir::currentPath());
     }
 
     // What cannot be stored is reported and ends the program; the file keeps what it had.

@@ -1,8 +1,10 @@
 #include "WindowPicture.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QHash>
 #include <QImageWriter>
+#include <QLabel>
 #include <QPainter>
 #include <QWidget>
 #include <algorithm>
@@ -57,6 +59,14 @@ QImage withPalette(const QImage &picture)
     return indexed;
 }
 
+/// The main window tells in which folder it works, which is another one every time.
+void nameFolder(const QWidget &window)
+{
+    auto *note = window.findChild<QLabel *>(QStringLiteral("lblNote"));
+    if (note && note->text() == QDir::currentPath())
+        note->setText(QStringLiteral("/home/ada/Coins"));
+}
+
 QImage titleBar(const QString &title, int width)
 {
     QImage bar(width, titleHeight, QImage::Format_RGB32);
@@ -74,6 +84,7 @@ QImage titleBar(const QString &title, int width)
 
 QImage pictureOf(QWidget &window, const QList<QWidget *> &over)
 {
+    nameFolder(window);
     const QRect inside(QPoint(1, titleHeight + 1), window.size());
     const QRect frame = inside.adjusted(-1, -titleHeight - 1, 1, 1);
     QRect whole = frame;
