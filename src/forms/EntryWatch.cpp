@@ -142,8 +142,6 @@ void EntryWatch::refuse(QWidget *field, const Refusal &refusal)
     if (auto *help = m_window.findChild<HelpKey *>({}, Qt::FindDirectChildrenOnly))
         help->setOrigin(*field);
     m_desktop.showMessage(refusal.text, QString::fromUtf16(applicationTitle), refusal.icon);
-    if (!refusal.focusBack)
-        return;
     // The field that the focus comes back from has not been touched.
     const QScopedValueRollback returning(m_returning, true);
     focusField(field);

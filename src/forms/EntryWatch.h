@@ -25,7 +25,6 @@ public:
     {
         QString text;
         Desktop::Icon icon = Desktop::Icon::None;
-        bool focusBack = true; ///< into the field; else it stays where the user has put it
     };
     struct Rules
     {

@@ -72,11 +72,12 @@ void frmCodesMaint::Form_Load()
     m_ui->txtDesc->setAccessibleName(m_ui->lblDesc->text());
     const QList<QWidget *> sellerFields{m_ui->lblBouPhone, m_ui->txtBouPhone, m_ui->chkBouFav,
                                         m_ui->lblBouNotes, m_ui->txtBouNotes};
-    for (QWidget *widget : sellerFields) {
-        keepPlaceWhenHidden(widget);
+    for (QWidget *widget : sellerFields)
         widget->setVisible(Mode.hasSellerFields);
-    }
     setHelpTopic(*this, Mode.helpTopic);
+    // As low as one field and the buttons allow; the first size does not go below that.
+    if (!Mode.hasSellerFields)
+        resize(width(), 0);
     setFirstSize(*this);
     makeDefault(m_ui->cmdOk);
     ShowBrowseButtons();

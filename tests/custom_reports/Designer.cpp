@@ -228,8 +228,7 @@ private slots:
                     QVERIFY(gui::click(d.the<QWidget>(u"cmdGenerate")));
                     QTest::qWait(1);
                 }
-                const bool isBack = d.the<QWidget>(control).hasFocus();
-                QCOMPARE(isBack, byMenu || control != u"txtWidth");
+                QVERIFY(d.the<QWidget>(control).hasFocus());
                 QCOMPARE(d.desktop.problems(), QStringList());
                 d.typeInto(control, control == u"txtWidth" ? u"0.5"_s : QString());
             } else if (!byMenu) {

@@ -170,7 +170,7 @@ std::optional<Refusal> FieldDetails::leaveWidth()
         return {};
     const auto width = singleFromText(m_ui.txtWidth->text(), m_shared.regional);
     if (!width)
-        return Refusal{u"You must enter a valid number for the column width"_s, Desktop::Icon::None, false};
+        return Refusal{u"You must enter a valid number for the column width"_s};
     shown->ColWidth = *width;
     if (*width == 0) {
         m_ui.chkHide->setChecked(true);
