@@ -19,6 +19,7 @@ void Program::showMainWindow()
     // Queued: the window cannot go while it is still carrying out the click on its menu.
     connect(m_window.get(), &frmMain::backupWanted, this, &Program::backUp, Qt::QueuedConnection);
     connect(m_window.get(), &frmMain::packWanted, this, &Program::pack, Qt::QueuedConnection);
+    m_openingPlace.setMainWindow(m_window.get());
     m_window->Form_Load();
     m_window->show();
 }

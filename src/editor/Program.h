@@ -1,5 +1,6 @@
 #pragma once
 
+#include "forms/OpeningPlace.h"
 #include <QObject>
 #include <functional>
 #include <memory>
@@ -35,6 +36,7 @@ private:
     SharedState &m_shared;
     ProgramWindows &m_windows;
     std::unique_ptr<frmMain> m_window;
+    OpeningPlace m_openingPlace;
 };
 
 } // namespace obelmark

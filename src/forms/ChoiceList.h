@@ -1,33 +1,24 @@
 #pragma once
 
-#include <QKeyEvent>
 #include <QListWidget>
 
 namespace obelmark {
 
 /// A list in which one entry is chosen: what is highlighted is what the keys have moved to, and Ctrl takes no
 /// choice back. A list without a choice puts the frame of the focus around its first entry; keys that lead
-/// there choose that.
+/// there choose that. Of several lists one sees which one the keys are for: it has a frame, and only its
+/// choice is in colour.
 class ChoiceList : public QListWidget
 {
 public:
     using QListWidget::QListWidget;
 
 protected:
-    void keyPressEvent(QKeyEvent *event) override
-    {
-        QListWidget::keyPressEvent(event);
-        const bool moves = event->key() == Qt::Key_Home || event->key() == Qt::Key_End ||
-                           event->key() == Qt::Key_Up || event->key() == Qt::Key_Down ||
-                           event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown;
-        if (moves && currentItem() && selectedItems().isEmpty())
-            currentItem()->setSelected(true);
-    }
+    bool event(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void initViewItemOption(QStyleOptionViewItem *option) const override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index,
-                                                         const QEvent *) const override
-    {
-        return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
-    }
+                                                         const QEvent *event) const override;
 };
 
 } // namespace obelmark

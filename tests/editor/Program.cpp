@@ -136,6 +136,25 @@ private slots:
         QCOMPARE(p.desktop.calls().last().topic, 56);
     }
 
+    void windowsOpenOverTheMainWindow()
+    {
+        RunningProgram p;
+        QList<QWidget *> lists;
+        for (const QString &item : {u"mnuMaint_1"_s, u"mnuMaint_3"_s}) {
+            gui::trigger(p.main(), item);
+            const auto windows = QApplication::topLevelWidgets();
+            for (QWidget *window : windows) {
+                if (qobject_cast<frmCodesMaint *>(window) && !lists.contains(window))
+                    lists << window;
+            }
+        }
+        QCOMPARE(lists.size(), 2);
+        const QPoint middle = p.main().frameGeometry().center();
+        QVERIFY((lists[0]->frameGeometry().center() - middle).manhattanLength() <= 2);
+        QVERIFY(lists[0]->pos() != lists[1]->pos()); // one does not hide the other
+        qDeleteAll(lists);
+    }
+
     void windowLeftOpen()
     {
         RunningProgram p;

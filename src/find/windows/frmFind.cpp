@@ -68,8 +68,6 @@ void frmFind::showModal(QWidget &owner)
 {
     winId(); // makes the window that is to stay above the owner's
     windowHandle()->setTransientParent(owner.windowHandle());
-    if (!testAttribute(Qt::WA_Moved))
-        move(owner.frameGeometry().center() - rect().center());
     exec();
 }
 
