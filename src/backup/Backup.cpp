@@ -7,6 +7,7 @@
 #include "engine/VerifiedCopy.h"
 #include "runtime/NumberedError.h"
 #include "runtime/SafeFile.h"
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QScopeGuard>
@@ -47,6 +48,25 @@ void backUpDatabase(const QString &databasePath, const QString &folder, const Fi
     steps.keep();
     cleanUp.dismiss();
     flushToDisk(folder);
+}
+
+QString backupFolder(const Drive &drive)
+{
+    return drive.isHome ? drive.root + u"/Obelmark Backup"_s : drive.root;
+}
+
+void backUpDatabase(const QString &databasePath, const Drive &drive, const FileProgress &progress)
+{
+    const QString folder = backupFolder(drive);
+    const bool isNew = drive.isHome && QDir().mkdir(folder);
+    // Stays when there is something in it.
+    const auto removeEmpty = qScopeGuard([&] {
+        if (isNew)
+            QDir().rmdir(folder);
+    });
+    if (isNew)
+        flushToDisk(drive.root);
+    backUpDatabase(databasePath, folder, progress);
 }
 
 } // namespace obelmark

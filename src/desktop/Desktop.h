@@ -20,6 +20,8 @@ struct Drive
     QString root;     ///< path of its root folder, without a trailing "/" except for "/" itself
     qint64 freeBytes; ///< what the user may still write there
     bool removable;
+    bool isWritable = true; ///< false when the user may not write into the root folder
+    bool isHome = false;    ///< the root is the user's home folder, on a volume whose own is not writable
 };
 
 /// The one door through which the program speaks to the user and to the window system. The real one uses the
@@ -52,7 +54,8 @@ public:
     /// \a cancellable offers a Cancel button.
     virtual std::unique_ptr<Progress> showProgress(const QString &title, bool cancellable) = 0;
 
-    /// The mounted volumes, removable ones first; no pseudo file systems.
+    /// The mounted volumes, removable ones first; no pseudo file systems. Only removable ones may be such
+    /// that the user cannot write to.
     virtual QList<Drive> drives() = 0;
 
     virtual void beep() = 0;

@@ -18,12 +18,19 @@ private slots:
                           .device = device,
                           .bytesTotal = 10};
         };
+        const auto locked = [&](const QString &root, quint64 device, bool removable,
+                                const QString &home = {}) {
+            Volume made = volume(root, u"ext4"_s, device, removable);
+            made.drive.isWritable = false;
+            made.home = home;
+            return made;
+        };
         Volume empty = volume(u"/mnt/empty"_s, u"ext4"_s, 20);
         empty.bytesTotal = 0;
         Volume file = volume(u"/etc/hosts"_s, u"ext4"_s, 21);
         file.isFolder = false;
-        Volume locked = volume(u"/media/cdrom"_s, u"iso9660"_s, 22, true);
-        locked.isWritable = false;
+        Volume disc = volume(u"/media/cdrom"_s, u"iso9660"_s, 22, true);
+        disc.isReadOnly = true;
         const QList<Volume> volumes{volume(u"/proc"_s, u"proc"_s, 1),
                                     volume(u"/dev"_s, u"devtmpfs"_s, 2),
                                     volume(u"/srv/chroot/dev"_s, u"devtmpfs"_s, 2),
@@ -39,12 +46,21 @@ private slots:
                                     volume(u"/snap/core/1"_s, u"squashfs"_s, 11),
                                     empty,
                                     file,
-                                    locked};
-        QStringList roots;
+                                    disc,
+                                    locked(u"/media/me/ROOTS"_s, 23, true),
+                                    locked(u"/srv"_s, 24, false),
+                                    locked(u"/users"_s, 25, false, u"/users/me"_s)};
+        QStringList texts;
         for (const Drive &drive : drivesAmong(volumes))
-            roots << drive.root;
-        QCOMPARE(roots, QStringList({u"/media/me/STICK"_s, u"/run/media/me/CARD"_s, u"/"_s, u"/devices"_s,
-                                     u"/home"_s}));
+            texts << drive.name + (drive.isWritable ? u" "_s : u" (locked) "_s) + drive.root;
+        const QStringList expected{u"/media/me/ROOTS (locked) /media/me/ROOTS"_s,
+                                   u"/media/me/STICK /media/me/STICK"_s,
+                                   u"/run/media/me/CARD /run/media/me/CARD"_s,
+                                   u"/ /"_s,
+                                   u"/devices /devices"_s,
+                                   u"/home /home"_s,
+                                   u"Home /users/me"_s};
+        QCOMPARE(texts, expected);
     }
 };
 

@@ -63,6 +63,8 @@ private slots:
         const QString packFailed = u"The database could not be compacted.  The database is as it was.\n\n75  "
                                    "%1Coinnew.mdb: Is a directory"_s;
         QTest::newRow("backup") << u"drive"_s << u"cmdOk"_s << QString() << u"drive/coin.mdb"_s;
+        QTest::newRow("backup at home")
+            << u"drive"_s << u"cmdOk"_s << QString() << u"drive/Obelmark Backup/coin.mdb"_s;
         QTest::newRow("backup cancelled") << u"drive"_s << u"cmdCancel"_s << QString() << QString();
         QTest::newRow("backup onto itself") << u"."_s << u"cmdOk"_s << backupFailed << QString();
         QTest::newRow("backup without a drive") << QString() << u"cmdOk"_s << backupFailed << QString();
@@ -80,7 +82,7 @@ private slots:
         QSignalSpy ended(&*p.program, &Program::ended);
         QVERIFY(QDir().mkdir(u"drive"_s));
         if (!drive.isEmpty())
-            p.desktop.setDrives({{drive, folder + drive, 1, true}});
+            p.desktop.setDrives({{drive, folder + drive, 1, true, true, made.contains(u"Obelmark"_s)}});
         const QPointer<frmMain> before = p.program->mainWindow();
         const auto choose = [&](const QString &item) {
             gui::trigger(p.main(), item);
@@ -112,6 +114,7 @@ private slots:
         QVERIFY(p.isChecked(u"mnuRptOut_1"_s) && p.shared->OutputTarget == 1);
         QCOMPARE(QFile::exists(u"Coindb.bak"_s), made == "Coindb.bak"_L1);
         QCOMPARE(QFile::exists(u"drive/coin.mdb"_s), made == "drive/coin.mdb"_L1);
+        QVERIFY(made.isEmpty() || QFile::exists(made));
         QCOMPARE(ended.size(), 0);
         p.main().close();
         QCOMPARE(ended.size(), 1);
@@ -119,20 +122,22 @@ private slots:
                  QStringList(u"Alpha|25000"_s));
     }
 
-    void firstRemovableDriveIsProposed()
+    void firstRemovableDriveThatCanBeWrittenIsProposed()
     {
         RunningProgram p;
         p.desktop.setDrives({{QString(), u"/"_s, 5'368'709'120, false},
+                             {u"ROOTS"_s, u"/media/me/ROOTS"_s, 1'500'000, true, false},
                              {u"STICK"_s, u"/media/me/STICK"_s, 1'500'000, true},
                              {u"CARD"_s, u"/media/me/CARD"_s, 0, true}});
-        QVERIFY(gui::withDialog([&] { frmBackup(*p.shared).exec(); },
-                                [](QWidget &window) {
-                                    auto &drives = gui::find<QComboBox>(window, u"Drive1"_s);
-                                    QCOMPARE(drives.currentText(),
-                                             u"STICK (/media/me/STICK), 1.4 MiB free"_s);
-                                    QCOMPARE(drives.itemText(0), u"/, 5.0 GiB free"_s);
-                                    gui::press(Qt::Key_F1);
-                                }));
+        QVERIFY(gui::withDialog(
+            [&] { frmBackup(*p.shared).exec(); },
+            [](QWidget &window) {
+                auto &drives = gui::find<QComboBox>(window, u"Drive1"_s);
+                QCOMPARE(drives.currentText(), u"STICK (/media/me/STICK), 1.4 MiB free"_s);
+                QCOMPARE(drives.itemText(0), u"/, 5.0 GiB free"_s);
+                QCOMPARE(drives.itemText(1), u"ROOTS (/media/me/ROOTS), cannot be written to"_s);
+                gui::press(Qt::Key_F1);
+            }));
         QCOMPARE(p.desktop.calls().last().topic, 56);
     }
 

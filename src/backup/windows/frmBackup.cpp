@@ -17,7 +17,10 @@ namespace {
 
 QString textOf(const Drive &drive, const QLocale &locale)
 {
-    const QString name = drive.name.isEmpty() ? drive.root : u"%1 (%2)"_s.arg(drive.name, drive.root);
+    const QString folder = backupFolder(drive);
+    const QString name = drive.name.isEmpty() ? folder : u"%1 (%2)"_s.arg(drive.name, folder);
+    if (!drive.isWritable)
+        return name + u", cannot be written to"_s;
     return u"%1, %2 free"_s.arg(name, locale.formattedDataSize(drive.freeBytes, 1));
 }
 
@@ -39,8 +42,9 @@ void frmBackup::Form_Load()
     const QList<Drive> drives = m_shared.desktop.drives();
     for (const Drive &drive : drives)
         m_ui->Drive1->addItem(textOf(drive, m_shared.regional.locale()), drive.root);
-    const auto removable = std::ranges::find_if(drives, &Drive::removable);
-    m_ui->Drive1->setCurrentIndex(removable == drives.end() ? 0 : int(removable - drives.begin()));
+    const auto first = std::ranges::max_element(
+        drives, {}, [](const Drive &drive) { return std::pair(drive.isWritable, drive.removable); });
+    m_ui->Drive1->setCurrentIndex(int(first - drives.begin()));
 }
 
 void frmBackup::cmdOk_Click()
@@ -63,9 +67,10 @@ void frmBackup::copyToDrive()
     const QString root = m_ui->Drive1->currentData().toString();
     // A medium taken out meanwhile leaves an empty folder, which lies on another drive.
     const QList<Drive> drives = m_shared.desktop.drives();
-    if (std::ranges::find(drives, root, &Drive::root) == drives.end())
+    const auto drive = std::ranges::find(drives, root, &Drive::root);
+    if (drive == drives.end())
         throw runtimeError(PathNotFound);
-    backUpDatabase(m_shared.DatabasePath, root, shownProgress(m_shared.desktop, windowTitle()));
+    backUpDatabase(m_shared.DatabasePath, *drive, shownProgress(m_shared.desktop, windowTitle()));
 }
 
 } // namespace obelmark

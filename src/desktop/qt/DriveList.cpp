@@ -1,5 +1,6 @@
 #include "desktop/qt/DriveList.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSet>
@@ -60,22 +61,34 @@ bool isRemovable(const QString &device)
     return false;
 }
 
-Volume volumeOf(const QStorageInfo &storage)
+struct stat statusOf(const QString &path)
 {
-    const QString root = storage.rootPath();
     struct stat status
     {
     };
-    const bool isKnown = ::stat(QFile::encodeName(root).constData(), &status) == 0;
+    if (::stat(QFile::encodeName(path).constData(), &status) != 0)
+        return {};
+    return status;
+}
+
+Volume volumeOf(const QStorageInfo &storage)
+{
+    const QString root = storage.rootPath();
+    const struct stat status = statusOf(root);
+    const QFileInfo home(QDir::homePath());
+    const bool hasHome =
+        home.isDir() && home.isWritable() && statusOf(home.filePath()).st_dev == status.st_dev;
     return {.drive = {.name = !storage.name().isEmpty() ? storage.name() : QFileInfo(root).fileName(),
                       .root = root,
                       .freeBytes = storage.bytesAvailable(),
-                      .removable = isForRemovable(root) || isRemovable(QString::fromUtf8(storage.device()))},
+                      .removable = isForRemovable(root) || isRemovable(QString::fromUtf8(storage.device())),
+                      .isWritable = QFileInfo(root).isWritable()},
             .fileSystem = QString::fromUtf8(storage.fileSystemType()),
             .device = status.st_dev,
             .bytesTotal = storage.isReady() ? storage.bytesTotal() : 0,
-            .isFolder = isKnown && S_ISDIR(status.st_mode),
-            .isWritable = !storage.isReadOnly()};
+            .isFolder = S_ISDIR(status.st_mode),
+            .isReadOnly = storage.isReadOnly(),
+            .home = hasHome ? home.filePath() : QString()};
 }
 
 } // namespace
@@ -86,11 +99,18 @@ QList<Drive> drivesAmong(QList<Volume> volumes)
     QList<Drive> drives;
     QSet<quint64> devices;
     for (const Volume &volume : volumes) {
-        if (volume.bytesTotal <= 0 || !volume.isFolder || !volume.isWritable || isPseudo(volume.fileSystem) ||
+        if (volume.bytesTotal <= 0 || !volume.isFolder || volume.isReadOnly || isPseudo(volume.fileSystem) ||
             isOfTheSystem(volume.drive.root) || devices.contains(volume.device))
             continue;
         devices.insert(volume.device);
-        drives.append(volume.drive);
+        Drive drive = volume.drive;
+        if (!drive.isWritable && !volume.home.isEmpty()) {
+            drive.name = u"Home"_s;
+            drive.root = volume.home;
+            drive.isWritable = drive.isHome = true;
+        }
+        if (drive.isWritable || drive.removable)
+            drives.append(drive);
     }
     std::ranges::sort(drives, [](const Drive &a, const Drive &b) {
         return a.removable != b.removable ? a.removable : a.root < b.root;
