@@ -2,10 +2,12 @@
 #include "common/SharedState.h"
 #include "desktop/qt/DropDownStyle.h"
 #include "desktop/qt/RealDesktop.h"
+#include "desktop/qt/SecondStart.h"
 #include "editor/Program.h"
 #include "editor/ProgramWindows.h"
 #include "forms/EnterOnButtons.h"
 #include <QApplication>
+#include <QDir>
 #include <QIcon>
 
 namespace {
@@ -35,6 +37,8 @@ int main(int argc, char *argv[])
     QApplication::setQuitOnLastWindowClosed(false);
     const obelmark::EnterOnButtons enterOnButtons;
 
+    const QString folder = QDir::currentPath();
+    obelmark::SecondStart::knock(folder);
     obelmark::RealDesktop desktop;
     obelmark::SharedState shared(desktop, obelmark::RegionalSettings::system());
     obelmark::ProgramWindows windows(shared);
@@ -42,5 +46,9 @@ int main(int argc, char *argv[])
     // Not quit(): that would ask every window whether it may close.
     QObject::connect(&program, &obelmark::Program::ended, &application, [] { QApplication::exit(); });
     program.showMainWindow();
+    // Not before: it has the database now.
+    const obelmark::SecondStart secondStart(folder);
+    QObject::connect(&secondStart, &obelmark::SecondStart::knocked, &program,
+                     &obelmark::Program::comeToFront);
     return QApplication::exec();
 }

@@ -5,6 +5,7 @@
 #include "common/SharedState.h"
 #include "desktop/Desktop.h"
 #include "editor/frmMain.h"
+#include <QApplication>
 
 namespace obelmark {
 
@@ -22,6 +23,17 @@ void Program::showMainWindow()
     m_openingPlace.setMainWindow(m_window.get());
     m_window->Form_Load();
     m_window->show();
+}
+
+void Program::comeToFront()
+{
+    for (QWidget *window : {static_cast<QWidget *>(m_window.get()), QApplication::activeModalWidget()}) {
+        if (!window)
+            continue;
+        window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+        window->raise();
+        window->activateWindow();
+    }
 }
 
 void Program::backUp()

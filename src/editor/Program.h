@@ -23,6 +23,8 @@ public:
     void showMainWindow();
     /// Null while the database is being worked on.
     frmMain *mainWindow() const { return m_window.get(); }
+    /// The main window to the front, also out of the task bar, and before it the dialog that is open.
+    void comeToFront();
 
 signals:
     /// The user has closed the main window.
