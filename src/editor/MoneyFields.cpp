@@ -41,11 +41,16 @@ MoneyFields::MoneyFields(QWidget &window, CoinFields &fields, EntryWatch &watch,
         watch.watch(unit.price->widget(),
                     {selectAll(unit.price->widget()), [this, unit] { return leaveUnit(unit); }, {}});
         auto *next = window.findChild<QWidget *>(QString::fromUtf16(row.afterTotal));
-        const auto moveOn = [next] {
-            QMetaObject::invokeMethod(
-                next, [next] { EntryWatch::focusField(next); }, Qt::QueuedConnection);
+        QWidget *total = unit.total->widget();
+        const auto moveOn = [total, next] {
+            // Unless the field that was left for this one has been refused and has the focus again.
+            const auto move = [total, next] {
+                if (total->hasFocus())
+                    EntryWatch::focusField(next);
+            };
+            QMetaObject::invokeMethod(next, move, Qt::QueuedConnection);
         };
-        watch.watch(unit.total->widget(), {moveOn, {}, {}});
+        watch.watch(total, {moveOn, {}, {}});
     }
     watch.watch(m_face->widget(), {selectAll(m_face->widget()), [this] { return leaveFace(); }, {}});
     // On an access key only the totals follow; a quantity that is no number is for the record rules to

@@ -278,7 +278,7 @@ void frmMain::cmdCancel_Click()
 
 void frmMain::cmdDelete_Click()
 {
-    if (coins().bof() && coins().eof())
+    if (coins().isEmpty())
         return;
     const auto answer = m_shared.desktop.askYesNo(u"Are you sure that you want to delete this Coin record?"_s,
                                                   u"Delete Coin"_s);
