@@ -27,9 +27,9 @@ void TestCollection::exec(const QString &sql) const
     database.exec(sql.toStdString());
 }
 
-QStringList TestCollection::query(const QString &sql) const
+QStringList TestCollection::query(const QString &sql, const QString &file) const
 {
-    SQLite::Database database(databasePath().toStdString(), SQLite::OPEN_READWRITE);
+    SQLite::Database database((folder() + file).toStdString(), SQLite::OPEN_READWRITE);
     SQLite::Statement statement(database, sql.toStdString());
     QStringList rows;
     while (statement.executeStep()) {

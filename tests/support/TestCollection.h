@@ -19,8 +19,8 @@ public:
 
     /// Runs SQL on the file as another tool would, triggers and all.
     void exec(const QString &sql) const;
-    /// The rows of a query, their columns joined by "|", null as "NULL".
-    QStringList query(const QString &sql) const;
+    /// The rows of a query on a database of the folder, their columns joined by "|", null as "NULL".
+    QStringList query(const QString &sql, const QString &file = QStringLiteral("coin.mdb")) const;
     /// An empty file in the images folder.
     void addPicture(const QString &name) const;
 
