@@ -50,21 +50,23 @@ bool OpeningPlace::eventFilter(QObject *object, QEvent *event)
 void OpeningPlace::rememberMain()
 {
     m_frame = m_main->frameGeometry();
-    m_borders = m_frame.size() - m_main->size();
+    m_inside = m_main->geometry();
 }
 
 void OpeningPlace::place(QWidget &window) const
 {
     constexpr QPoint step(24, 24);
     const QRect screen = window.screen()->availableGeometry();
-    QRect frame(QPoint(), window.size() + m_borders);
+    QRect frame(QPoint(), window.size() + m_frame.size() - m_inside.size());
     frame.moveCenter(m_frame.center());
     // On a screen that is too small the title must be seen.
     frame.moveLeft(std::max(std::min(frame.left(), screen.right() + 1 - frame.width()), screen.left()));
     frame.moveTop(std::max(std::min(frame.top(), screen.bottom() + 1 - frame.height()), screen.top()));
     while (isTaken(frame.topLeft(), window) && screen.contains(frame.translated(step)))
         frame.translate(step);
-    window.move(frame.topLeft());
+    // The window exists already, but most desktops frame it only when it is on the screen.
+    const bool isFramed = window.frameGeometry() != window.geometry();
+    window.move(frame.topLeft() + (isFramed ? QPoint() : m_inside.topLeft() - m_frame.topLeft()));
 }
 
 } // namespace obelmark

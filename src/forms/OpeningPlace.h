@@ -27,8 +27,9 @@ private:
     void place(QWidget &window) const;
 
     QPointer<QWidget> m_main;
-    QRect m_frame;   ///< of the main window
-    QSize m_borders; ///< what the desktop puts around it
+    // Of the main window, as last seen.
+    QRect m_frame;
+    QRect m_inside;
 };
 
 } // namespace obelmark
