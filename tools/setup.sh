@@ -53,5 +53,8 @@ install_packages() {
 # build PRESET [TARGET...]: into build/PRESET, everything or only those targets
 build() {
     cd "$root" || return
-    cmake --preset "$1" >/dev/null && cmake --build --preset "$1" ${2:+--target "${@:2}"}
+    local -a fresh=()
+    # A build that has come with a copy of the folder still means the original.
+    grep -qsxF "CMAKE_HOME_DIRECTORY:INTERNAL=$root" "build/$1/CMakeCache.txt" || fresh=(--fresh)
+    cmake "${fresh[@]}" --preset "$1" >/dev/null && cmake --build --preset "$1" ${2:+--target "${@:2}"}
 }
