@@ -5,18 +5,20 @@
 # in_folder NAME: the path of that file in $folder, whatever the letter case of its name. The folder may be a link.
 in_folder() { find -H "$folder" -maxdepth 1 -iname "$1" -print -quit; }
 
-# put FILE NAME [OPTION]: a whole copy of a delivered file into $folder, or none; the option is one of mv
+# put FILE NAME [OPTION]: a whole copy of a delivered file into $folder, or none; the option is one of mv. The name may
+# be one in a folder below.
 put() {
-    local new="$folder/.$2.$$" error
+    local new="$folder/.${2##*/}.$$" error
     error=$({ cp -- "$1" "$new" && chmod u+w -- "$new" && sync -- "$new" &&
         mv ${3:+"$3"} -- "$new" "$folder/$2" && rm -f -- "$new"; } 2>&1) ||
         die "$2 could not be put into the folder of the collection. $error"
 }
 
 # prepare_folder DELIVERED FOLDER DATABASE: makes the folder and puts the delivered files into it. A database is placed
-# only where there is none: a collection is never overwritten.
+# only where there is none: a collection is never overwritten. What lies delivered in a folder of the database's name
+# (pictures, reports) comes with it.
 prepare_folder() {
-    local found error delivered=$1 database=$3
+    local found error file delivered=$1 database=$3
     folder=$2
     error=$(mkdir -p -- "$folder" 2>&1) || die "the folder of the collection could not be made. $error"
     trap 'rm -f -- "$folder"/.*.$$' EXIT
@@ -26,6 +28,10 @@ prepare_folder() {
         found=${found:-$(in_folder coindb.bak)}
         [[ -z $found ]] || die "there is no coin.mdb, but $found is there. Rename the file that holds your" \
             "collection to coin.mdb, or move it elsewhere to start with an empty collection."
+        while IFS= read -r file; do
+            mkdir -p -- "$folder/$(dirname "$file")" || die "the folder of the collection could not be made."
+            put "$delivered/${database%.mdb}/$file" "$file" --no-clobber
+        done < <([[ ! -d $delivered/${database%.mdb} ]] || find "$delivered/${database%.mdb}" -type f -printf '%P\n')
         put "$delivered/$database" coin.mdb --no-clobber
     fi
     if [[ -z $(in_folder rptspec.mdb) ]]; then

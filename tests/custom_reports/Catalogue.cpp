@@ -1,5 +1,9 @@
 #include "custom_reports/Catalogue.h"
+#include "custom_reports/ReportFile.h"
+#include "custom_reports/ReportQuery.h"
 #include "engine/Database.h"
+#include "runtime/RegionalSettings.h"
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
@@ -49,6 +53,25 @@ private slots:
         const auto database = Database::open(path(u"coin.mdb"_s), Database::Access::Shared, {});
         QVERIFY(database->openSnapshot(u"select %1 from coin%2"_s.arg(
             columns.join(u", "), QStringList(joins.values()).join(QString()))));
+    }
+
+    void reportsOfTheSampleCollection()
+    {
+        const RegionalSettings regional(QLocale(u"de_DE"_s)); // whole numbers are the same everywhere
+        const Catalogue catalogue = read();
+        const ReportDefinition empty(catalogue.fieldsOf(u"coin"_s), u"coin"_s);
+        const auto database =
+            Database::open(QStringLiteral(OBELMARK_DATA_DIR "/sample.mdb"), Database::Access::Shared, {});
+        const QDir folder(QStringLiteral(OBELMARK_DATA_DIR "/sample"));
+        const QStringList files = folder.entryList({u"*.rpt"_s});
+        QCOMPARE(files.size(), 2);
+        for (const QString &file : files) {
+            const auto [isValid, report] =
+                readReport(loadReportFile(folder.filePath(file)), empty, catalogue, regional);
+            QVERIFY2(isValid && report->fields.size() == 8, qPrintable(file));
+            const auto rows = database->openSnapshot(reportQuery(*report, ColumnNames::Plain, regional));
+            QVERIFY2(rows->recordCount() > 10 && rows->recordCount() < 250, qPrintable(file));
+        }
     }
 
     void fieldsOfOneTable()

@@ -88,5 +88,13 @@ opens "$HOME/Obelmark" 1
 sample=$(coins_in "$delivered/sample.mdb")
 ((sample > 0)) || die "the sample collection is empty"
 opens "$HOME/Obelmark-sample" "$sample" sample
+diff -r "$delivered/sample/images" "$HOME/Obelmark-sample/images" || die "not the pictures of the sample collection"
+for report in "$delivered"/sample/*.rpt; do
+    cmp "$report" "$HOME/Obelmark-sample/$(basename "$report")"
+done
+# What the user has thrown away stays away.
+rm "$HOME/Obelmark-sample/images"/*
+opens "$HOME/Obelmark-sample" "$sample" sample
+[[ -z $(ls "$HOME/Obelmark-sample/images") ]] || die "the pictures of the sample collection have come back"
 
 HOME=/dev/null refuses "the folder of the collection could not be made"

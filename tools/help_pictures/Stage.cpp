@@ -1,6 +1,5 @@
 #include "Stage.h"
 
-#include "DrawnCoin.h"
 #include "pictures/PictureFiles.h"
 #include <QApplication>
 #include <QComboBox>
@@ -28,19 +27,16 @@ void copyHere(const QString &file, const QString &name)
     QFile::setPermissions(name, QFile::ReadOwner | QFile::WriteOwner);
 }
 
-/// The program folder: the sample collection, with a picture of one of its coins.
+/// The program folder: the sample collection, with its pictures.
 void furnish(const TestCollection &collection)
 {
     copyHere(u"sample.mdb"_s, u"coin.mdb"_s);
     copyHere(u"rptspec.mdb"_s, u"rptspec.mdb"_s);
     copyHere(u"coin.hlp"_s, u"coin.hlp"_s);
-    const qint64 penny =
-        collection.query(u"select coinid from Coin where descr = 'Penny, Edward VIII' and catnum = 'KM 16'"_s)
-            .value(0)
-            .toLongLong();
     QDir().mkpath(imagesFolder(collection.folder()));
-    if (!drawnCoin().save(writtenPictureFile(collection.folder(), penny), "JPG", 95))
-        qFatal("the picture of the coin could not be written");
+    const QString images = u"sample/images/"_s;
+    for (const QString &file : QDir(dataFolder + images).entryList(QDir::Files))
+        copyHere(images + file, imagesFolder(collection.folder()) + file);
 }
 
 } // namespace
