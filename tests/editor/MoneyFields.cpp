@@ -140,37 +140,6 @@ private slots:
         QCOMPARE(e.desktop.problems(), QStringList());
     }
 
-    // An access key moves no focus: the total must not be stale, a wrong price must not be saved.
-    void savingByAccessKey()
-    {
-        EditorFixture e(oneCoin);
-        e.start();
-        e.typeInto(u"txtPricePaid", u"abc"_s);
-        e.desktop.expectMessage(notANumber);
-        gui::press(Qt::Key_U, Qt::AltModifier);
-        QCOMPARE(e.desktop.problems(), QStringList());
-        QVERIFY(e.isEditing());
-        e.typeInto(u"txtPricePaid", u"2.5"_s);
-        gui::press(Qt::Key_U, Qt::AltModifier);
-        QVERIFY(e.isBrowsing());
-        QCOMPARE(e.edit(u"txtTotalPaid").text(), u"$10.00"_s);
-
-        e.typeInto(u"txtQuantity", u"6"_s);
-        gui::press(Qt::Key_U, Qt::AltModifier);
-        QCOMPARE(e.edit(u"txtTotalPaid").text(), u"$15.00"_s);
-        // A quantity that is none reaches the record rules.
-        e.typeInto(u"txtQuantity", u"six"_s);
-        e.desktop.expectMessage(u"You must enter number in the quantity field."_s,
-                                u"Non-numeric Quantity Entered"_s);
-        gui::press(Qt::Key_U, Qt::AltModifier);
-        QCOMPARE(e.desktop.problems(), QStringList());
-        e.typeInto(u"txtQuantity", u"6"_s);
-        gui::press(Qt::Key_U, Qt::AltModifier);
-        e.close();
-        QCOMPARE(e.collection.query(u"select quantity, pricepaid, totalpaid from Coin"_s),
-                 QStringList(u"6|25000|150000"_s));
-    }
-
     void enteringSelectsTheWholeText()
     {
         EditorFixture e(
@@ -182,27 +151,6 @@ private slots:
             QVERIFY(
                 gui::waitUntil([&] { return field.selectedText() == field.text(); }, "whole text selected"));
         }
-        QVERIFY(e.isBrowsing());
-    }
-
-    void totalsNeverKeepTheFocus_data()
-    {
-        QTest::addColumn<QString>("total");
-        QTest::addColumn<QString>("next");
-        QTest::newRow("paid") << u"txtTotalPaid"_s << u"dcPurchaseDate"_s;
-        QTest::newRow("value") << u"txtTotalVal"_s << u"dcSoldDate"_s;
-        QTest::newRow("sales") << u"txtTotalSales"_s << u"dcSoldDate"_s;
-    }
-    void totalsNeverKeepTheFocus()
-    {
-        QFETCH(QString, total);
-        QFETCH(QString, next);
-        EditorFixture e(oneCoin);
-        e.start();
-        e.the<QTabWidget>(u"Tab1").setCurrentIndex(1);
-        QTest::mouseClick(&e.edit(total), Qt::LeftButton);
-        auto &field = e.date(next);
-        QVERIFY(gui::waitUntil([&] { return field.hasFocus(); }, "focus moved on"));
         QVERIFY(e.isBrowsing());
     }
 };
