@@ -53,6 +53,7 @@ struct Finder : EditorFixture
         gui::press(Qt::Key_A, Qt::ControlModifier);
         gui::type(text);
     }
+
     void pressFind() const { QVERIFY(gui::click(in<QPushButton>(u"cmdFind"))); }
     QString currentCoin() const { return shared->CoinRecordset->value(u"descr").toText(); }
 
@@ -86,43 +87,6 @@ private slots:
         });
     }
 
-    void directions()
-    {
-        Finder f;
-        f.inDialog([&] {
-            f.choose(u"lstField", u"Description"_s);
-            f.typeValue(u"a"_s);
-            QCOMPARE(f.currentCoin(), u"Alpha"_s);
-        });
-        QCOMPARE(f.shownCoin() + f.currentCoin(), u"DeltaDelta"_s);
-        // Each from the coin found before, with all that was chosen before.
-        const std::pair<int, QString> searches[] = {
-            {2, u"Beta"_s}, {3, u"Delta"_s}, {1, u"Alpha"_s}, {4, u"Gamma"_s}};
-        for (const auto &[option, coin] : searches) {
-            f.inDialog([&] {
-                f.in<QRadioButton>(u"optWhere_%1"_s.arg(option)).click();
-                gui::press(Qt::Key_Return);
-                QVERIFY(!f.dialog->isVisible());
-            });
-            QCOMPARE(f.shownCoin(), coin);
-        }
-    }
-
-    void nothingFound()
-    {
-        Finder f;
-        f.desktop.expectMessage(u"That coin was not found."_s, u"No Records Match"_s);
-        f.inDialog([&] {
-            f.choose(u"lstField", u"For Sale"_s);
-            QCOMPARE(f.currentCoin(), u"Delta"_s);
-            f.choose(u"lstBool", u"True"_s); // chosen already; still, the next search begins at the top
-            QCOMPARE(f.currentCoin(), u"Alpha"_s);
-            f.in<QRadioButton>(u"optWhere_2").click();
-            f.pressFind();
-        });
-        QCOMPARE(f.shownCoin() + f.currentCoin(), u"DeltaDelta"_s);
-    }
-
     void entriesOfALookupTable()
     {
         Finder f;
@@ -145,22 +109,6 @@ private slots:
             f.pressFind();
         });
         QCOMPARE(f.shownCoin(), u"Beta"_s);
-    }
-
-    void refusedValue()
-    {
-        Finder f;
-        f.desktop.expectMessage(u"You must enter a valid date for this field."_s, u"Search Value Not Date"_s);
-        f.inDialog([&] {
-            f.choose(u"lstField", u"Issue Date"_s);
-            f.typeValue(u"none"_s);
-            f.pressFind();
-            QVERIFY(f.dialog->isVisible() && f.in<QLineEdit>(u"txtToFind").hasFocus());
-            gui::press(Qt::Key_Escape);
-            QVERIFY(!f.dialog->isVisible());
-        });
-        // A search was begun, and none has found nothing: the coin is the one that the typing has moved to.
-        QCOMPARE(f.shownCoin(), u"Alpha"_s);
     }
 
     void catalogueThatDoesNotFit()

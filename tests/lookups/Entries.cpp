@@ -29,32 +29,6 @@ class EntriesTest : public QObject
 {
     Q_OBJECT
 private slots:
-    void browsing()
-    {
-        EditorFixture e(threeSellers);
-        e.start();
-        const MaintWindow w(e, sellers);
-        QCOMPARE(w.shown(), u"Alice"_s);
-        w.press(u"cmdPrevious");
-        QCOMPARE(e.desktop.beeps(), 1);
-        QCOMPARE(w.shown(), u"Alice"_s);
-        w.press(u"cmdLast");
-        QCOMPARE(w.shown(), u"Carol"_s);
-        QCOMPARE(w.edit(u"txtBouPhone").text(), u"555"_s);
-        QVERIFY(w.the<QCheckBox>(u"chkBouFav").isChecked());
-        QCOMPARE(w.the<QPlainTextEdit>(u"txtBouNotes").toPlainText(), u"a\nb"_s);
-        w.press(u"cmdNext");
-        QCOMPARE(e.desktop.beeps(), 2);
-        QCOMPARE(w.shown(), u"Carol"_s);
-        w.press(u"cmdPrevious");
-        QCOMPARE(w.shown(), u"bob"_s);
-        QVERIFY(!w.the<QCheckBox>(u"chkBouFav").isChecked());
-        w.press(u"cmdFirst");
-        QCOMPARE(w.shown(), u"Alice"_s);
-        QCOMPARE(w.buttons(), browsingButtons);
-        QCOMPARE(e.desktop.problems(), QStringList());
-    }
-
     void changing_data()
     {
         QTest::addColumn<Act>("act");
@@ -167,33 +141,6 @@ private slots:
         QCOMPARE(storedSellers(e).mid(3), QStringList({u"4|Dora||1|"_s, u"5|Al||0|"_s}));
     }
 
-    void emptyTable()
-    {
-        EditorFixture e(u"delete from category"_s);
-        e.start();
-        const MaintWindow w(e, categories);
-        QVERIFY(w.isShowingNothing());
-        for (const auto *button : {u"cmdFirst", u"cmdPrevious", u"cmdNext", u"cmdLast", u"cmdDelete"})
-            w.press(button);
-        e.desktop.answerText(u"Enter the Coin Category description to find:"_s, u"Find Code"_s, QString());
-        e.desktop.expectMessage(u"That record was not found."_s, u"No Records Match"_s);
-        w.press(u"cmdFind");
-        w.press(u"cmdAddNew");
-        QVERIFY(w.edit(u"txtDesc").hasFocus());
-        w.press(u"cmdCancel");
-        QVERIFY(w.isShowingNothing());
-        w.press(u"cmdAddNew");
-        gui::type(u"Only"_s);
-        w.press(u"cmdUpdate");
-        QCOMPARE(w.shown(), u"Only"_s);
-        e.desktop.answerYesNo(u"Are you sure that you want to delete this category?"_s, u"Delete Category"_s,
-                              Answer::Yes);
-        w.press(u"cmdDelete");
-        QVERIFY(w.isShowingNothing());
-        QCOMPARE(w.buttons(), browsingButtons);
-        QCOMPARE(e.desktop.problems(), QStringList());
-    }
-
     void findingSpecialText_data()
     {
         QTest::addColumn<std::optional<QString>>("answer");
@@ -226,24 +173,6 @@ private slots:
         w.press(u"cmdFind");
         QCOMPARE(w.shown(), found.isEmpty() ? u"Zz"_s : found);
         QCOMPARE(e.desktop.problems(), QStringList());
-    }
-
-    void closingDropsOnlyTheEdit()
-    {
-        EditorFixture e(threeSellers);
-        e.start();
-        const MaintWindow w(e, sellers);
-        w.typeInto(u"txtDesc", u"Dropped"_s);
-        w.window->close();
-        QVERIFY(gui::waitUntil([&] { return !w.window; }, "window gone"));
-        gui::activate(*e.window);
-        e.press(u"cmdAddNew");
-        gui::type(u"Penny"_s);
-        e.press(u"cmdUpdate");
-        QVERIFY(e.isBrowsing());
-        QCOMPARE(e.desktop.problems(), QStringList());
-        e.close();
-        QCOMPARE(storedSellers(e).last(), u"3|Alice||0|"_s);
     }
 
     void lockedRowIsTriedAgain()
