@@ -17,12 +17,6 @@ void beginEdit(Dynaset &rows)
     rows.setValue(u"descr", u"changed"_s);
 }
 
-void removeAll(Dynaset &rows)
-{
-    for (rows.moveFirst(); !rows.eof(); rows.moveNext())
-        rows.remove();
-}
-
 } // namespace
 Q_DECLARE_METATYPE(Step)
 
@@ -35,7 +29,6 @@ private slots:
     void cleanup() { m_database.reset(); }
     void errors_data();
     void errors();
-    void deletedRow();
     void discarded_data();
     void discarded();
     void counter();
@@ -99,33 +92,8 @@ void RecordRules::errors_data()
     row(
         "update after a find", [](Dynaset &r) { r.addNew(), r.findFirst(u"coinid = 9"_s); },
         [](Dynaset &r) { r.update(); }, UpdateWithoutEdit);
-    row(
-        "moveNext from eof", toEof, [](Dynaset &r) { r.moveNext(); }, NoCurrentRecord);
-    row(
-        "movePrevious from bof", toBof, [](Dynaset &r) { r.movePrevious(); }, NoCurrentRecord);
-    row(
-        "movePrevious from eof", toEof, [](Dynaset &r) { r.movePrevious(), r.value(u"descr"); }, 0);
-    row(
-        "moveNext from bof", toBof, [](Dynaset &r) { r.moveNext(), r.value(u"descr"); }, 0);
-    row("read at eof", toEof, read, NoCurrentRecord);
-    row("read at bof", toBof, read, NoCurrentRecord);
     row("edit at eof", toEof, beginEdit, NoCurrentRecord);
     row("remove at eof", toEof, remove, NoCurrentRecord);
-    row(
-        "findNext at eof", toEof, [](Dynaset &r) { r.findNext(u"coinid = 1"_s); }, NoCurrentRecord);
-    row(
-        "findFirst at eof", toEof, [](Dynaset &r) { r.findFirst(u"coinid = 1"_s), r.value(u"descr"); }, 0);
-    row(
-        "empty: moveFirst", removeAll, [](Dynaset &r) { r.moveFirst(); }, NoCurrentRecord);
-    row(
-        "empty: moveLast", removeAll, [](Dynaset &r) { r.moveLast(); }, NoCurrentRecord);
-    row(
-        "empty: moveNext", removeAll, [](Dynaset &r) { r.moveNext(); }, NoCurrentRecord);
-    row(
-        "empty: movePrevious", removeAll, [](Dynaset &r) { r.movePrevious(); }, NoCurrentRecord);
-    row(
-        "empty: findFirst", removeAll, [](Dynaset &r) { r.findFirst(u"quantity = 1"_s); }, 0);
-    row("deleted: read", remove, read, RecordDeleted);
     row("deleted: edit", remove, beginEdit, RecordDeleted);
     row("deleted: remove", remove, remove, RecordDeleted);
     row(
@@ -141,28 +109,6 @@ void RecordRules::errors()
     QFETCH(Step, step);
     before(*m_rows);
     QTEST(errorOf([&] { step(*m_rows); }), "number");
-}
-
-void RecordRules::deletedRow()
-{
-    m_rows->moveNext();
-    m_rows->remove();
-    QVERIFY(!m_rows->bof() && !m_rows->eof());
-    QCOMPARE(m_rows->recordCount(), 2);
-    m_rows->moveNext();
-    QCOMPARE(m_rows->value(u"descr").toText(), u"c"_s);
-    m_rows->remove();
-    m_rows->movePrevious();
-    QCOMPARE(m_rows->value(u"descr").toText(), u"a"_s);
-    m_rows->remove();
-    QVERIFY(m_rows->isEmpty());
-    m_rows->moveNext(); // to the end, though nothing is left
-    QVERIFY(m_rows->bof() && m_rows->eof());
-    QCOMPARE(m_rows->recordCount(), 0);
-    addRow(*m_rows, {{u"descr", u"new"_s}});
-    QVERIFY(!m_rows->isEmpty());
-    m_rows->movePrevious();
-    QCOMPARE(m_rows->value(u"descr").toText(), u"new"_s);
 }
 
 void RecordRules::discarded_data()
