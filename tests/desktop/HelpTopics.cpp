@@ -6,7 +6,6 @@
 #include <QImageReader>
 #include <QRegularExpression>
 #include <QSet>
-#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -140,12 +139,6 @@ QStringList faultsOf(const QDir &folder, const QSet<QString> &askedFor)
     return faults;
 }
 
-void write(const QString &path, const QString &text)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) > 0);
-}
-
 } // namespace
 
 class HelpTopicsTest : public QObject
@@ -160,72 +153,6 @@ private slots:
         const QStringList faults = faultsOf(help, pagesAskedFor(source + u"/src"_s)) +
                                    wrongQuotes(help, saidBySources(source + u"/src"_s));
         QVERIFY2(faults.isEmpty(), qPrintable(faults.join(u'\n')));
-    }
-
-    void faultsAreSeen_data()
-    {
-        QTest::addColumn<QString>("project");
-        QTest::addColumn<QString>("page");
-        QTest::addColumn<QString>("source");
-        QTest::addColumn<QString>("faults");
-        const QString listed = u"<section title=\"One\" ref=\"topic-1.html\"/>"_s;
-        const QString anchor = u"<a name=\"here\"></a>"_s;
-        const QString window = u"<property name=\"helpTopic\" stdset=\"0\">\n <number>1</number>"_s;
-        QTest::newRow("none") << listed + u"<keyword name=\"one\" ref=\"topic-1.html#here\"/>"_s
-                              << anchor + u"<a href=\"#here\"><a href=\"topic-1.html\">"_s << window
-                              << QString();
-        QTest::newRow("link") << listed << u"<a href=\"topic-2.html\">"_s << window
-                              << u"topic-1.html leads to topic-2.html"_s;
-        QTest::newRow("anchor") << listed << anchor + u"<a href=\"#there\">"_s << window
-                                << u"topic-1.html leads to #there"_s;
-        QTest::newRow("keyword") << listed + u"<keyword name=\"two\" ref=\"topic-1.html#there\"/>"_s << anchor
-                                 << window << u"coin.qhp leads to topic-1.html#there"_s;
-        QTest::newRow("contents") << u"<section title=\"Two\" ref=\"topic-2.html\"/>"_s << anchor << window
-                                  << u"coin.qhp leads to topic-2.html; topic-1.html is not in the contents"_s;
-        QTest::newRow("topics in code")
-            << listed << anchor << u".helpTopic = 1, {\"helpTopic\", 2}"_s << u"topic-2.html is missing"_s;
-        QTest::newRow("stale page") << listed << anchor << u"constexpr int firstTopic = 12;"_s
-                                    << u"topic-1.html is not asked for; topic-12.html is missing"_s;
-    }
-
-    void pictureFaultsAreSeen()
-    {
-        const QTemporaryDir folder;
-        QVERIFY(QDir(folder.path()).mkdir(u"pictures"_s));
-        for (const int width : {540, 700})
-            QVERIFY(
-                QImage(width, 9, QImage::Format_Mono).save(folder.filePath(u"pictures/%1.png"_s.arg(width))));
-        write(folder.filePath(u"pictures/stray.png"_s), u"x"_s);
-        write(
-            folder.filePath(u"topic-1.html"_s),
-            u"<img src=\"pictures/540.png\"><img src=\"pictures/700.png\"><img src=\"pictures/none.png\">"_s);
-        QCOMPARE(pictureFaults(folder.path(), u"<file>*/5*.png</file>"_s).join(u"; "_s),
-                 u"topic-1.html cannot show pictures/700.png; pictures/700.png is not in the help file; "
-                 "topic-1.html cannot show pictures/none.png; pictures/none.png is not in the help file; "
-                 "stray.png is not shown"_s);
-    }
-
-    void wrongQuotesAreSeen()
-    {
-        const QTemporaryDir folder;
-        write(folder.filePath(u"box.cpp"_s), u"say(u\"There is no  \"\n    \"file '%1'.\"_s)"_s);
-        write(folder.filePath(u"topic-1.html"_s),
-              u"&ldquo;There is no&nbsp; file '&hellip;'.&rdquo; &ldquo;There is no\nfile.&rdquo;"_s);
-        QCOMPARE(wrongQuotes(folder.path(), saidBySources(folder.path())),
-                 QStringList{u"topic-1.html quotes wrongly: There is no file."_s});
-    }
-
-    void faultsAreSeen()
-    {
-        QFETCH(QString, project);
-        QFETCH(QString, page);
-        QFETCH(QString, source);
-        QFETCH(QString, faults);
-        const QTemporaryDir folder;
-        write(folder.filePath(u"coin.qhp"_s), project);
-        write(folder.filePath(u"topic-1.html"_s), page);
-        write(folder.filePath(u"frmOne.ui"_s), source);
-        QCOMPARE(faultsOf(folder.path(), pagesAskedFor(folder.path())).join(u"; "_s), faults);
     }
 };
 

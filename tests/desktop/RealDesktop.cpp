@@ -52,7 +52,6 @@ private slots:
         QTest::newRow("exclamation") << Desktop::Icon::Exclamation << QMessageBox::Warning;
         QTest::newRow("critical") << Desktop::Icon::Critical << QMessageBox::Critical;
     }
-
     void message()
     {
         QFETCH(Desktop::Icon, icon);
@@ -79,7 +78,6 @@ private slots:
         QTest::newRow("closed") << false;
         QTest::newRow("opened by a blank that follows nothing") << true;
     }
-
     void typingIntoDropDownList()
     {
         QFETCH(bool, open);
@@ -98,13 +96,6 @@ private slots:
         QTest::keyClick(typedInto, Qt::Key_Return);
         QCOMPARE(list.currentText(), u"United States"_s);
         m_field.setFocus();
-    }
-
-    void titleOfMessageWithoutOne()
-    {
-        Desktop &desktop = m_desktop; // whose default it is
-        QVERIFY(gui::withDialog([&] { desktop.showMessage(u"text"_s); },
-                                [](QWidget &dialog) { QCOMPARE(dialog.windowTitle(), u"Obelmark"_s); }));
     }
 
     void longText_data()
@@ -148,7 +139,6 @@ private slots:
         QTest::newRow("Alt+N is No") << Qt::Key_N << Qt::KeyboardModifiers(Qt::AltModifier)
                                      << Desktop::Answer::No;
     }
-
     void yesNo()
     {
         QFETCH(Qt::Key, key);
@@ -172,14 +162,6 @@ private slots:
         QCOMPARE(given, answer);
     }
 
-    void closedYesNoIsNo()
-    {
-        auto given = Desktop::Answer::Yes;
-        QVERIFY(gui::withDialog([&] { given = m_desktop.askYesNo(u"Sure?"_s, u"Delete Coin"_s); },
-                                [](QWidget &dialog) { QVERIFY(dialog.close()); }));
-        QCOMPARE(given, Desktop::Answer::No);
-    }
-
     void inputBox_data()
     {
         QTest::addColumn<QString>("typed");
@@ -190,7 +172,6 @@ private slots:
         QTest::newRow("cancelled") << QString() << Qt::Key_Escape << std::optional<QString>();
         QTest::newRow("cancelled after typing") << u"12"_s << Qt::Key_Escape << std::optional<QString>();
     }
-
     void inputBox()
     {
         QFETCH(QString, typed);
@@ -218,7 +199,6 @@ private slots:
         QTest::newRow("open a file that exists") << false << u"exists.txt"_s;
         QTest::newRow("open one that is not there") << false << u"missing.rpt"_s;
     }
-
     void fileDialogs()
     {
         QFETCH(bool, save);

@@ -1,7 +1,6 @@
 #include "structure/SourceTree.h"
 
 #include <QHash>
-#include <QTemporaryDir>
 #include <QTest>
 #include <optional>
 
@@ -107,8 +106,6 @@ class IncludeArrows : public QObject
 
 private slots:
     void runDownTheFloors();
-    void faultIsReported_data();
-    void faultIsReported();
 };
 
 void IncludeArrows::runDownTheFloors()
@@ -117,65 +114,6 @@ void IncludeArrows::runDownTheFloors()
     QVERIFY2(sourceFiles(src).size() > 20, "the source tree is not where the check looks for it");
     const QStringList faults = faultsOf(src);
     QVERIFY2(faults.isEmpty(), qPrintable('\n'_L1 + faults.join('\n'_L1)));
-}
-
-void IncludeArrows::faultIsReported_data()
-{
-    QTest::addColumn<QStringList>("lines"); // "file: what it includes"
-    QTest::addColumn<QStringList>("faults");
-
-    QTest::newRow("downwards, inside a folder and generated: no fault")
-        << QStringList{u"main.cpp: desktop/qt/RealDesktop.h"_s,
-                       u"desktop/qt/RealDesktop.h: desktop/Desktop.h"_s,
-                       u"editor/frmMain.cpp: ui_frmMain.h"_s,
-                       u"editor/frmMain.cpp: frmMain.moc"_s,
-                       u"editor/frmMain.cpp: editor/frmMain.h"_s,
-                       u"editor/frmMain.h: runtime/Money.h"_s}
-        << QStringList();
-    QTest::newRow("upwards") << QStringList{u"engine/Database.cpp: store/CoinFile.h"_s}
-                             << QStringList{
-                                    u"engine/Database.cpp (floor 2) includes store/CoinFile.h (floor 4)"_s};
-    QTest::newRow("across a floor")
-        << QStringList{u"reports/Table.h: store/CoinFile.h"_s}
-        << QStringList{u"reports/Table.h (floor 4) includes store/CoinFile.h (floor 4)"_s};
-    QTest::newRow("the real windows from elsewhere than main.cpp")
-        << QStringList{u"editor/frmMain.cpp: desktop/qt/RealDesktop.h"_s}
-        << QStringList{u"editor/frmMain.cpp (floor 7) includes desktop/qt/RealDesktop.h (floor 7)"_s};
-    QTest::newRow("the interface includes the real windows")
-        << QStringList{u"desktop/Desktop.h: desktop/qt/RealDesktop.h"_s}
-        << QStringList{u"desktop/Desktop.h (floor 1) includes desktop/qt/RealDesktop.h (floor 7)"_s};
-    QTest::newRow("not written from src/")
-        << QStringList{u"engine/Database.cpp: Database.h"_s}
-        << QStringList{u"engine/Database.cpp includes Database.h, which is in no folder of the table"_s};
-    QTest::newRow("a folder that the table does not know")
-        << QStringList{u"utilities/Misc.h: runtime/Money.h"_s}
-        << QStringList{u"utilities/Misc.h is in no folder of the table"_s};
-    QTest::newRow("a circle of two files")
-        << QStringList{u"engine/A.h: engine/B.h"_s, u"engine/B.h: engine/A.h"_s}
-        << QStringList{u"circle: engine/A.h -> engine/B.h -> engine/A.h"_s};
-    QTest::newRow("a circle behind a file that is not in it")
-        << QStringList{u"engine/A.cpp: engine/B.h"_s, u"engine/B.h: engine/C.h"_s,
-                       u"engine/C.h: engine/D.h"_s, u"engine/D.h: engine/B.h"_s}
-        << QStringList{u"circle: engine/B.h -> engine/C.h -> engine/D.h -> engine/B.h"_s};
-}
-
-void IncludeArrows::faultIsReported()
-{
-    QFETCH(QStringList, lines);
-    QFETCH(QStringList, faults);
-
-    QTemporaryDir folder;
-    QVERIFY(folder.isValid());
-    const QDir root(folder.path());
-    for (const QString &line : lines) {
-        const QString path = line.section(u": "_s, 0, 0);
-        QVERIFY(root.mkpath(QFileInfo(path).path()));
-        QFile file(root.filePath(path));
-        QVERIFY(file.open(QIODevice::Append));
-        file.write("#pragma once\n#include <QString>\n  # include \"" + line.section(u": "_s, 1).toUtf8() +
-                   "\"\n");
-    }
-    QCOMPARE(faultsOf(root), faults);
 }
 
 QTEST_GUILESS_MAIN(IncludeArrows)
