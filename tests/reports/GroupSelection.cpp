@@ -13,35 +13,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Mode
-{
-    int mode;
-    const char16_t *table, *key, *description, *caption, *all, *selected;
-    int topic;
-};
-constexpr Mode modes[] = {
-    {1, u"category", u"catid", u"catdesc", u"Category Report", u"All Categories", u"Selected Categories", 35},
-    {3, u"country", u"couid", u"coudesc", u"Country Report", u"All Countries", u"Selected Country", 60},
-    {4, u"format", u"forid", u"fordesc", u"Format Report", u"All Formats", u"Selected Format", 63},
-    {5, u"mint", u"minid", u"mindesc", u"Mint Report", u"All Mints", u"Selected Mint", 37},
-    {6, u"boughtfrom", u"bouid", u"boudesc", u"Seller Report", u"All Sellers", u"Selected Seller", 53},
-    {7, u"type", u"typid", u"typdesc", u"Type Report", u"All Types", u"Selected Type", 62},
-};
-
-QString text(const char16_t *of)
-{
-    return QString::fromUtf16(of);
-}
-
-/// The dialog of a mode over three entries, open.
+/// The dialog over three countries, open.
 class Selection
 {
 public:
-    explicit Selection(const Mode &mode = modes[1])
-        : f(u"delete from %1; insert into %1 (%2, %3) values (7, 'zinc'), (8, 'Álpha'), (9, null)"_s.arg(
-              text(mode.table), text(mode.key), text(mode.description)))
+    Selection()
+        : f(u"delete from country; insert into country (couid, coudesc) values (7, 'zinc'), (8, 'Álpha'), (9, null)"_s)
     {
-        f.shared.ReportGroupMode = qint16(mode.mode);
+        f.shared.ReportGroupMode = 3;
         f.shared.SelectedGroupID = 4;
         f.shared.FindCancelled = false;
         dialog = std::make_unique<frmRptSel>(f.shared, nullptr);
@@ -56,6 +35,7 @@ public:
         QTest::mouseClick(list().viewport(), Qt::LeftButton, {},
                           list().visualItemRect(list().item(row)).center());
     }
+
     void expectRefusal() { f.desktop.expectMessage(u"You must make a selection from the list!"_s); }
 
     ReportFixture f;
@@ -68,31 +48,6 @@ class GroupSelectionTest : public QObject
 {
     Q_OBJECT
 private slots:
-    void everyMode_data()
-    {
-        QTest::addColumn<int>("row");
-        for (int row = 0; row < int(std::size(modes)); ++row)
-            QTest::addRow("%d", modes[row].mode) << row;
-    }
-    void everyMode()
-    {
-        QFETCH(int, row);
-        const Mode &mode = modes[row];
-        const Selection s(mode);
-        QVERIFY(s.f.shared.FindCancelled);
-        QCOMPARE(s.dialog->windowTitle(), text(mode.caption));
-        QCOMPARE(s.option(u"optAll"_s).text(), text(mode.all));
-        QCOMPARE(s.option(u"optSelected"_s).text(), text(mode.selected));
-        QVERIFY(!s.option(u"optAll"_s).isChecked() && !s.option(u"optSelected"_s).isChecked());
-        QStringList entries;
-        for (int i = 0; i < s.list().count(); ++i)
-            entries << s.list().item(i)->text() + s.list().item(i)->data(Qt::UserRole).toString();
-        QCOMPARE(entries, QStringList({u"9"_s, u"Álpha8"_s, u"zinc7"_s}));
-        for (const auto *name : {u"optAll", u"optSelected", u"List1", u"cmdOk", u"cmdCancel"})
-            QCOMPARE(gui::find<QWidget>(*s.dialog, text(name)).property("helpTopic").toInt(), mode.topic);
-        QCOMPARE(s.dialog->property("helpTopic").toInt(), mode.topic);
-    }
-
     void all()
     {
         const Selection s;
