@@ -107,6 +107,9 @@ private:
     void connectPictureWindow();
     void deletePicture(const QString &file);
     void returnToBrowsing();
+    void beginCoin();
+    /// What is left of saving once the coin is in the file.
+    void finishSaving(qint64 key);
 
     /// Runs an event's procedure; what it does not handle itself goes to the shared error handler.
     void run(const std::function<void()> &procedure);
@@ -133,6 +136,8 @@ private:
     bool Adding = false;
     bool m_filling = false;
     qint64 m_shownCoinId = 0;
+    qint64 m_savedCoinId = 0;   ///< in the file already, though its saving has not come to its end
+    bool m_addsAnother = false; ///< the saving began with Add Another
     int m_seenRepairs = 0;
 };
 

@@ -43,17 +43,23 @@ void frmMain::run(const std::function<void()> &procedure)
     try {
         attempt(m_shared, procedure);
     } catch (const DatabaseRepaired &) {
-        resumeAfterRepair();
+        run([this] { resumeAfterRepair(); });
     }
 }
 
-// The repair has put CoinRecordset on its first row. What the user was typing is kept: a changed coin goes on
-// being changed, and when the damage has cost it its row, it goes on as a new one.
+// CoinRecordset is a new one on its first row. A coin that was being saved and has got into the file is shown
+// as saved. What the user was typing is kept: a changed coin goes on being changed, and when the damage has
+// cost it its row, it goes on as a new one.
 void frmMain::resumeAfterRepair()
 {
-    m_seenRepairs = m_shared.DatabaseRepairs;
-    if (Editing && !Adding) {
-        coins().findFirst(keyCriteria(m_shownCoinId));
+    const bool isOpenedAnew =
+        std::exchange(m_seenRepairs, m_shared.DatabaseRepairs) != m_shared.DatabaseRepairs;
+    const qint64 saved = std::exchange(m_savedCoinId, 0);
+    coins().findFirst(keyCriteria(saved ? saved : m_shownCoinId));
+    if (isOpenedAnew && saved && !coins().noMatch()) {
+        m_shared.PictureChanged = false;
+        finishSaving(saved);
+    } else if (Editing && !Adding) {
         if (coins().noMatch()) {
             Editing = false;
             Adding = true;
@@ -224,6 +230,7 @@ void frmMain::cmdAddNew_Click()
     if (Adding) {
         if (!m_watch->commitEnteredField() || !ValidateCoin())
             return;
+        m_addsAnother = true;
         attempt(m_shared, [&] { coins().addNew(); });
         SaveCoinRecord();
     } else {
@@ -234,6 +241,12 @@ void frmMain::cmdAddNew_Click()
             EnableCoinFields();
         ShowCoinEditButtons();
     }
+    beginCoin();
+}
+
+void frmMain::beginCoin()
+{
+    m_savedCoinId = 0;
     ClearCoinFields();
     EntryWatch::focusField(m_ui->txtDescr);
 }
@@ -242,6 +255,7 @@ void frmMain::cmdUpdate_Click()
 {
     if (!m_watch->commitEnteredField() || !ValidateCoin())
         return;
+    m_addsAnother = false;
     qint64 key = 1;
     if (Adding) {
         attempt(m_shared, [&] { coins().addNew(); });
@@ -255,12 +269,22 @@ void frmMain::cmdUpdate_Click()
         attempt(m_shared, [&] { coins().edit(); });
         SaveCoinRecord();
     }
+    finishSaving(key);
+}
+
+void frmMain::finishSaving(qint64 key)
+{
+    if (m_addsAnother) {
+        beginCoin();
+        return;
+    }
     attempt(m_shared, [&] {
         coins().findFirst(keyCriteria(key));
         if (coins().noMatch())
             coins().moveFirst();
     });
     attempt(m_shared, [&] { ShowCoinRecord(); });
+    m_savedCoinId = 0;
     returnToBrowsing();
 }
 
@@ -288,8 +312,10 @@ void frmMain::cmdDelete_Click()
     QString picture;
     attempt(m_shared,
             [&] { picture = findPictureFile(m_shared.AppFolder, coins().value(u"coinid").toInt()); });
-    if (writeWithRetry(m_shared, [&] { coins().remove(); }))
+    writeWithRetry(m_shared, [&] {
+        coins().remove();
         deletePicture(picture);
+    });
     attempt(m_shared, [&] {
         if (moveToNeighbour(coins()))
             ShowCoinRecord();
@@ -373,8 +399,12 @@ void frmMain::SaveCoinRecord()
         if (m_shared.PictureChanged)
             picture = m_windows.image().writeNewPicture(key);
     });
-    if (writeWithRetry(m_shared, [&] { coins().update(); }) && picture)
-        m_windows.image().placeNewPicture(*picture, key);
+    writeWithRetry(m_shared, [&] {
+        coins().update();
+        m_savedCoinId = key;
+        if (picture)
+            m_windows.image().placeNewPicture(*picture, key);
+    });
     m_shared.PictureChanged = false;
 }
 

@@ -232,14 +232,22 @@ void frmCodesMaint::showChangesOfOthers()
     }
 }
 
-// The recordsets of before the repair are gone. What the user was typing is kept: a changed entry goes on
-// being changed, and when the damage has cost it its row, it goes on as a new one.
+// The recordsets of before the repair are gone. An entry that was being saved and has got into the file is
+// shown as saved. What the user was typing is kept: a changed entry goes on being changed, and when the
+// damage has cost it its row, it goes on as a new one.
 void frmCodesMaint::resumeAfterRepair()
 {
-    openEntries();
+    const bool isOpenedAnew = m_seenRepairs != m_shared.DatabaseRepairs;
+    if (isOpenedAnew)
+        openEntries();
+    const qint64 saved = std::exchange(m_savedKey, 0);
+    findKey(saved ? saved : m_shownKey);
+    if (isOpenedAnew && saved && !entries().noMatch()) {
+        finishSaving(saved);
+        return;
+    }
     if (Adding)
         return;
-    findKey(m_shownKey);
     if (!Editing) {
         showCurrentRow();
     } else if (entries().noMatch()) {
@@ -311,11 +319,40 @@ bool frmCodesMaint::ValidateEntry()
     return false;
 }
 
-void frmCodesMaint::SaveRecord()
+qint64 frmCodesMaint::SaveRecord()
 {
     for (const Field &field : m_fields)
         attempt(m_shared, [&] { entries().setValue(field.column, field.control->value()); });
-    writeWithRetry(m_shared, [&] { entries().update(); });
+    qint64 key = 0;
+    attempt(m_shared, [&] { key = currentKey(); });
+    writeWithRetry(m_shared, [&] {
+        entries().update();
+        m_savedKey = key;
+    });
+    return key;
+}
+
+void frmCodesMaint::finishSaving(qint64 key)
+{
+    if (m_addsAnother) {
+        beginEntry();
+        return;
+    }
+    attempt(m_shared, [&] {
+        findKey(key);
+        if (entries().noMatch() && !entries().isEmpty())
+            entries().moveFirst();
+        showCurrentRow();
+    });
+    m_savedKey = 0;
+    returnToBrowsing();
+}
+
+void frmCodesMaint::beginEntry()
+{
+    m_savedKey = 0;
+    ClearFields();
+    m_ui->txtDesc->setFocus();
 }
 
 qint64 frmCodesMaint::currentKey()
@@ -352,6 +389,7 @@ void frmCodesMaint::cmdAddNew_Click()
     if (Adding) {
         if (!ValidateEntry())
             return;
+        m_addsAnother = true;
         attempt(m_shared, [&] { entries().addNew(); });
         SaveRecord();
     } else {
@@ -362,8 +400,7 @@ void frmCodesMaint::cmdAddNew_Click()
         ShowEditButtons();
         makeDefault(m_ui->cmdAddNew);
     }
-    ClearFields();
-    m_ui->txtDesc->setFocus();
+    beginEntry();
 }
 
 void frmCodesMaint::cmdUpdate_Click()
@@ -374,22 +411,14 @@ void frmCodesMaint::cmdUpdate_Click()
         leaveDeletedEntry();
         return;
     }
+    m_addsAnother = false;
     attempt(m_shared, [&] {
         if (Adding)
             entries().addNew();
         else
             entries().edit();
     });
-    qint64 key = 0;
-    attempt(m_shared, [&] { key = currentKey(); });
-    SaveRecord();
-    attempt(m_shared, [&] {
-        findKey(key);
-        if (entries().noMatch() && !entries().isEmpty())
-            entries().moveFirst();
-        showCurrentRow();
-    });
-    returnToBrowsing();
+    finishSaving(SaveRecord());
 }
 
 void frmCodesMaint::cmdCancel_Click()
@@ -444,9 +473,9 @@ void frmCodesMaint::cmdFind_Click()
         ShowRecord();
 }
 
+// Also when a backup or a packing has closed the database under the window: there is nothing left to lose.
 void frmCodesMaint::cmdOk_Click()
 {
-    attempt(m_shared, [&] { entries().close(); });
     m_entries.reset();
     close();
 }

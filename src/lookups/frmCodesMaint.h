@@ -50,7 +50,7 @@ private:
     void Form_Load();
     void Form_Activate();
     void ShowRecord();
-    void SaveRecord();
+    qint64 SaveRecord();
     void ClearFields();
     void DisableFields();
     void EnableFields();
@@ -72,6 +72,9 @@ private:
     /// Runs an event's procedure; what it does not handle itself goes to the shared error handler.
     void run(const std::function<void()> &procedure);
     void openEntries();
+    void beginEntry();
+    /// What is left of saving once the entry is in the file.
+    void finishSaving(qint64 key);
     Dynaset &entries();
     void makeDefault(QPushButton *button);
     void browseTo(Move direction);
@@ -102,6 +105,8 @@ private:
     std::unique_ptr<Dynaset> m_entries;
     int m_seenRepairs = 0;
     qint64 m_shownKey = 0;
+    qint64 m_savedKey = 0;      ///< in the file already, though its saving has not come to its end
+    bool m_addsAnother = false; ///< the saving began with Add Another
 
     bool Editing = false;
     bool Adding = false;
