@@ -30,8 +30,10 @@ struct SharedState
     std::unique_ptr<Database> CoinDatabase; ///< open exclusively from the main window's load to its unload
     std::unique_ptr<Dynaset> CoinRecordset; ///< all coins in SortOrder; its current row is the coin on screen
 
-    /// How often the database in use has been repaired and opened again: recordsets of before are gone.
+    /// How often the database in use has been repaired or opened anew: recordsets of before are gone.
     int DatabaseRepairs = 0;
+    /// How often another program had changed its contents: a key may be that of another row now.
+    int DatabaseChanges = 0;
 
     qint16 SortOrder = 1; ///< 1 description, 2 catalogue number, 3 year
 

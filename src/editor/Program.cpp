@@ -9,7 +9,12 @@
 
 namespace obelmark {
 
-Program::Program(SharedState &shared, ProgramWindows &windows) : m_shared(shared), m_windows(windows) {}
+Program::Program(SharedState &shared, ProgramWindows &windows) : m_shared(shared), m_windows(windows)
+{
+    connect(&m_fileTimer, &QTimer::timeout, this, &Program::lookAfterFile);
+    m_fileTimer.setTimerType(Qt::VeryCoarseTimer);
+    m_fileTimer.start(std::chrono::seconds(1));
+}
 
 Program::~Program() = default;
 
@@ -46,6 +51,17 @@ void Program::pack()
     m_shared.desktop.setHourglass(true);
     withoutMainWindow([this] { packDatabase(m_shared); });
     m_shared.desktop.setHourglass(false);
+}
+
+void Program::lookAfterFile()
+{
+    // Work under way finds out by itself.
+    if (!m_shared.CoinDatabase || QApplication::activeModalWidget() || QApplication::activePopupWidget())
+        return;
+    const bool isLost = m_shared.CoinDatabase->fileState() != FileState::InPlace;
+    if (isLost && !m_isLossTold)
+        m_window->requireFile();
+    m_isLossTold = isLost;
 }
 
 void Program::withoutMainWindow(const std::function<void()> &work)

@@ -2,6 +2,7 @@
 
 #include "forms/OpeningPlace.h"
 #include <QObject>
+#include <QTimer>
 #include <functional>
 #include <memory>
 
@@ -33,12 +34,16 @@ signals:
 private:
     void backUp();
     void pack();
+    /// Every second: nobody is to work on for long in a collection whose file has been taken away.
+    void lookAfterFile();
     void withoutMainWindow(const std::function<void()> &work);
 
     SharedState &m_shared;
     ProgramWindows &m_windows;
     std::unique_ptr<frmMain> m_window;
     OpeningPlace m_openingPlace;
+    QTimer m_fileTimer;
+    bool m_isLossTold = false;
 };
 
 } // namespace obelmark

@@ -264,7 +264,9 @@ void frmMain::Form_Load()
             throw runtimeError(PathFileAccess);
     });
     m_shared.HelpFilePath = pathInAnyCase(m_shared.AppFolder, u"coin.hlp"_s);
-    m_shared.DatabasePath = pathInAnyCase(m_shared.AppFolder, u"coin.mdb"_s);
+    // A collection that had to be saved under another name keeps it until the program ends.
+    if (m_shared.DatabasePath.isEmpty())
+        m_shared.DatabasePath = pathInAnyCase(m_shared.AppFolder, u"coin.mdb"_s);
     step([&] { recoverDatabase(m_shared); });
     step([&] {
         m_shared.CoinDatabase =
@@ -275,6 +277,7 @@ void frmMain::Form_Load()
     step([&] { Form_Activate(); });
     step([&] { m_shared.CoinRecordset = openCoins(coinDatabase(m_shared), m_shared.SortOrder); });
     m_seenRepairs = m_shared.DatabaseRepairs;
+    m_seenChanges = m_shared.DatabaseChanges;
     run([&] {
         if (coins().isEmpty()) {
             showEmptyTable();
@@ -311,6 +314,8 @@ void frmMain::Form_Activate()
 void frmMain::Form_Unload()
 {
     m_positionTimer.stop();
+    // The last moment at which it can be saved.
+    requireFile();
     if (frmImage *image = m_windows.madeImage()) {
         image->clear();
         image->setHasCoin(false);
@@ -439,6 +444,7 @@ void frmMain::mnuAbout_Click()
 
 void frmMain::mnuExit_Click()
 {
+    requireFile();
     endProgram(m_shared);
 }
 

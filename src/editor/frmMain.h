@@ -43,6 +43,9 @@ public:
     /// Closes CoinRecordset and CoinDatabase; an edit that has not been saved is dropped.
     void Form_Unload();
 
+    /// Has the user told and asked when the file of the database has been taken away.
+    void requireFile();
+
     /// Enters the editing state when the editor is browsing; called by every change that the user makes.
     void MakingChange();
 
@@ -139,6 +142,7 @@ private:
     qint64 m_savedCoinId = 0;   ///< in the file already, though its saving has not come to its end
     bool m_addsAnother = false; ///< the saving began with Add Another
     int m_seenRepairs = 0;
+    int m_seenChanges = 0;
 };
 
 } // namespace obelmark

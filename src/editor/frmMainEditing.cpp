@@ -49,18 +49,19 @@ void frmMain::run(const std::function<void()> &procedure)
 
 // CoinRecordset is a new one on its first row. A coin that was being saved and has got into the file is shown
 // as saved. What the user was typing is kept: a changed coin goes on being changed, and when the damage has
-// cost it its row, it goes on as a new one.
+// cost it its row, or the row may be that of another coin now, it goes on as a new one.
 void frmMain::resumeAfterRepair()
 {
     const bool isOpenedAnew =
         std::exchange(m_seenRepairs, m_shared.DatabaseRepairs) != m_shared.DatabaseRepairs;
+    const bool isChanged = std::exchange(m_seenChanges, m_shared.DatabaseChanges) != m_shared.DatabaseChanges;
     const qint64 saved = std::exchange(m_savedCoinId, 0);
     coins().findFirst(keyCriteria(saved ? saved : m_shownCoinId));
     if (isOpenedAnew && saved && !coins().noMatch()) {
         m_shared.PictureChanged = false;
         finishSaving(saved);
     } else if (Editing && !Adding) {
-        if (coins().noMatch()) {
+        if (isChanged || coins().noMatch()) {
             Editing = false;
             Adding = true;
             ShowCoinEditButtons();
@@ -71,6 +72,14 @@ void frmMain::resumeAfterRepair()
         else
             ShowCoinRecord();
     }
+}
+
+void frmMain::requireFile()
+{
+    run([this] {
+        if (m_shared.CoinDatabase)
+            m_shared.CoinDatabase->requireInPlace();
+    });
 }
 
 Dynaset &frmMain::coins()

@@ -2,6 +2,7 @@
 
 #include "engine/Dynaset.h"
 #include "engine/FaultHook.h"
+#include "engine/FilePlace.h"
 #include "engine/FileProgress.h"
 #include "engine/Snapshot.h"
 #include <QString>
@@ -40,6 +41,18 @@ public:
     Database &operator=(const Database &) = delete;
 
     const QString &path() const;
+
+    /// What has become of a file opened exclusively. Every write looks first, and fails with FileTakenAway
+    /// when the file is not in place.
+    FileState fileState() const;
+    /// \throws FileTakenAway when it is not
+    void requireInPlace() const;
+    /// Whether \a path is the very file that is open.
+    bool isAt(const QString &path) const;
+    /// Writes all that has been committed, wherever the open file is now, to a new file, which is flushed and
+    /// checked. What has not been committed is undone. \throws PathFileAccess (also when there is a file of
+    /// that name), DiskFull and others; there is no new file then
+    void saveAs(const QString &newPath, const FileProgress &progress);
 
     /// \throws UnknownTable, UnknownColumn, SyntaxError
     std::unique_ptr<Dynaset> openDynaset(const QString &sql);

@@ -57,6 +57,7 @@ DatabaseCore::DatabaseCore(const QString &path, Database::Access access, const Q
         checkTables(requiredTables);
         if (!sqlite3_db_readonly(m_connection->getHandle(), "main"))
             fillCompanions(*m_connection, *m_schema, access == Database::Access::Shared, progress);
+        learnPlace();
     });
 }
 
@@ -76,7 +77,8 @@ void DatabaseCore::connect(Database::Access access)
     m_connection->exec("pragma locking_mode = exclusive");
     // The lock is taken with the first transaction and kept.
     m_connection->exec("begin exclusive; commit");
-    requireInPlace(*m_connection);
+    m_place.emplace().learn(m_path, *m_connection);
+    obelmark::requireInPlace(*m_connection);
     m_connection->exec("pragma journal_mode = delete");
     m_connection->exec("pragma synchronous = extra");
 }
@@ -100,7 +102,29 @@ void DatabaseCore::close() noexcept
     for (OpenRecordset *recordset : std::exchange(m_recordsets, {}))
         recordset->invalidate();
     m_orderedTables.clear();
+    if (m_connection && fileState() != FileState::InPlace) {
+        // The library would remove the journal of that name, which may be that of the file there now.
+        m_connection->tryExec("rollback");
+        m_connection->tryExec("pragma journal_mode = off");
+    }
     m_connection.reset();
+}
+
+FileState DatabaseCore::fileState()
+{
+    return m_place ? m_place->look(m_path, *m_connection) : FileState::InPlace;
+}
+
+void DatabaseCore::requireInPlace()
+{
+    if (fileState() != FileState::InPlace)
+        throw EngineError(FileTakenAway, m_path);
+}
+
+void DatabaseCore::learnPlace()
+{
+    if (m_place)
+        m_place->learn(m_path, *m_connection);
 }
 
 void DatabaseCore::meetFault(FaultPoint point) const

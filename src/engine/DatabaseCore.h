@@ -2,7 +2,9 @@
 
 #include "engine/Database.h"
 #include "engine/ErrorMapping.h"
+#include "engine/FilePlace.h"
 #include "engine/Schema.h"
+#include <QScopeGuard>
 #include <SQLiteCpp/Database.h>
 #include <map>
 #include <optional>
@@ -52,11 +54,19 @@ public:
     {
         return withSqlErrors({SqlActivity::Kind::Reading, m_path, expression}, std::forward<Work>(work));
     }
+    /// Nothing is written that would be in no file. \throws FileTakenAway
     template<class Work>
-    auto writing(Work &&work) const
+    auto writing(Work &&work)
     {
+        requireInPlace();
+        const auto learn = qScopeGuard([this] { learnPlace(); });
         return withSqlErrors({SqlActivity::Kind::Writing, m_path, {}}, std::forward<Work>(work));
     }
+
+    /// A file that is shared may be changed by others.
+    FileState fileState();
+    void requireInPlace();
+    const std::optional<FilePlace> &place() const { return m_place; }
 
     /// Grows with every row written through this database: what was read at a lower count may be stale.
     quint64 changeCount() const { return m_changeCount; }
@@ -76,12 +86,14 @@ public:
 private:
     void connect(Database::Access access);
     void checkTables(const QStringList &requiredTables);
+    void learnPlace();
     qint64 highestKey(const TableSchema &table);
 
     QString m_path;
     Database::Access m_access;
     FaultHook m_faultHook;
     std::optional<SQLite::Database> m_connection;
+    std::optional<FilePlace> m_place; ///< of a file that nobody else is to change
     std::optional<Schema> m_schema;
     std::unordered_map<const TableSchema *, qint64> m_reservedKeys;
     std::map<QString, std::shared_ptr<OrderedTable>> m_orderedTables;

@@ -16,6 +16,7 @@ constexpr ErrorText errorTexts[] = {
     {UpdateWithoutEdit, u"Update or CancelUpdate without AddNew or Edit."},
     {NoCurrentRecord, u"No current record."},
     {DatabaseFileNotFound, u"Could not find file '|'."},
+    {FileTakenAway, u"Another program has renamed, replaced or changed the file '|' while it was in use."},
     {InvalidPath, u"'|' is not a valid path."},
     {FileInUse, u"Could not use '|'; file already in use."},
     {DatabaseDamaged,

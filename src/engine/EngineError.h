@@ -9,6 +9,7 @@ enum EngineErrorNumber {
     UpdateWithoutEdit = 3020,
     NoCurrentRecord = 3021,
     DatabaseFileNotFound = 3024,
+    FileTakenAway = 3043,
     InvalidPath = 3044,
     FileInUse = 3045,
     DatabaseDamaged = 3049,

@@ -3,6 +3,7 @@
 #include "engine/EngineError.h"
 #include "engine/ErrorMapping.h"
 #include "engine/FolderSteps.h"
+#include "engine/FreeName.h"
 #include "engine/JournalFiles.h"
 #include "engine/RepairCopy.h"
 #include "engine/SalvageFile.h"
@@ -21,20 +22,6 @@ namespace obelmark {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// A free name beside the file: "coin-damaged.mdb", "coin-damaged-2.mdb" and so on.
-QString freeName(const QString &path, QLatin1StringView role)
-{
-    const QFileInfo file(path);
-    const QString suffix = file.suffix().isEmpty() ? QString() : u'.' + file.suffix();
-    for (int attempt = 1;; ++attempt) {
-        const QString number = attempt > 1 ? u"-%1"_s.arg(attempt) : QString();
-        const QString name = file.dir().filePath(file.completeBaseName() + u'-' + role + number + suffix);
-        const auto isTaken = [&](QLatin1StringView companion) { return QFileInfo::exists(name + companion); };
-        if (!QFileInfo::exists(name) && std::none_of(journalSuffixes.begin(), journalSuffixes.end(), isTaken))
-            return name;
-    }
-}
 
 /// Puts the new file in the place of the damaged one and returns the latter's new name. Where the file system
 /// allows it, there is a file of the old name at every instant.

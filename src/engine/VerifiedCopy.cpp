@@ -67,6 +67,17 @@ void copyBytes(LockedFile &original, const QString &newPath, const FileProgress 
         raiseFileError(copy);
 }
 
+/// \a size: that of the original, 0 when nobody knows it.
+void compact(SQLite::Database &original, qint64 size, const QString &newPath, const FileProgress &progress)
+{
+    const auto look = [&] {
+        tell(progress, FileStage::Compacting, std::min(QFileInfo(newPath).size(), size), size);
+    };
+    SQLite::Statement vacuum(original, "vacuum into ?1");
+    vacuum.bind(1, newPath.toStdString());
+    WatchedWork(original, look).run([&] { vacuum.exec(); });
+}
+
 /// Reads the copy back, from its medium where the system lets go of what it keeps in memory.
 void compareBytes(LockedFile &original, const QString &newPath, const FileProgress &progress)
 {
@@ -90,7 +101,32 @@ void compareBytes(LockedFile &original, const QString &newPath, const FileProgre
     }
 }
 
-void makeVerified(LockedFile &original, const QString &newPath, const FileProgress &progress,
+bool isWhole(SQLite::Database &database, const FileProgress &progress)
+{
+    database.exec(checkingCache);
+    WatchedWork work(database, [&] { tell(progress, FileStage::Checking); });
+    return work.run([&] { return database.execAndGet("pragma integrity_check(1)").getString() == "ok"; });
+}
+
+bool isWholeCopyOf(SQLite::Database &original, const QString &path, const FileProgress &progress)
+{
+    return withSqlErrors({SqlActivity::Kind::Opening, path, {}}, [&] {
+        SQLite::Database copy(path.toStdString(), SQLite::OPEN_READONLY | SQLite::OPEN_NOMUTEX);
+        return isWhole(copy, progress) && rowCounts(copy) == rowCounts(original);
+    });
+}
+
+/// A copy that is not whole is no wonder when the original is not.
+void requireWhole(SQLite::Database &original, const FileProgress &progress)
+{
+    const QString path = QString::fromStdString(original.getFilename());
+    withSqlErrors({SqlActivity::Kind::Reading, path, {}}, [&] {
+        if (!isWhole(original, progress))
+            throw EngineError(DatabaseDamaged, path);
+    });
+}
+
+void makeVerified(SQLite::Database &original, const QString &newPath, const FileProgress &progress,
                   const std::function<void()> &make)
 {
     const auto remove = [&] {
@@ -99,11 +135,19 @@ void makeVerified(LockedFile &original, const QString &newPath, const FileProgre
     };
     remove();
     auto cleanUp = qScopeGuard(remove);
-    withSqlErrors({SqlActivity::Kind::Writing, newPath, {}}, [&] {
-        make();
-        if (!isWholeCopy(original, newPath, progress))
+    try {
+        withSqlErrors({SqlActivity::Kind::Writing, newPath, {}}, [&] {
+            make();
+            if (isWholeCopyOf(original, newPath, progress))
+                return;
+            requireWhole(original, progress);
             raiseNotWhole(newPath);
-    });
+        });
+    } catch (const EngineError &error) {
+        if (error.number() == DatabaseDamaged)
+            requireWhole(original, progress);
+        throw;
+    }
     removeJournals(newPath);
     cleanUp.dismiss();
 }
@@ -112,7 +156,7 @@ void makeVerified(LockedFile &original, const QString &newPath, const FileProgre
 
 void copyVerified(LockedFile &original, const QString &newPath, const FileProgress &progress)
 {
-    makeVerified(original, newPath, progress, [&] {
+    makeVerified(original.connection(), newPath, progress, [&] {
         copyBytes(original, newPath, progress);
         takeOverPermissions(original.path(), newPath);
         flushToDisk(newPath);
@@ -122,30 +166,26 @@ void copyVerified(LockedFile &original, const QString &newPath, const FileProgre
 
 void compactVerified(LockedFile &original, const QString &newPath, const FileProgress &progress)
 {
-    makeVerified(original, newPath, progress, [&] {
-        const qint64 size = original.size();
-        const auto look = [&] {
-            tell(progress, FileStage::Compacting, std::min(QFileInfo(newPath).size(), size), size);
-        };
-        SQLite::Statement vacuum(original.connection(), "vacuum into ?1");
-        vacuum.bind(1, newPath.toStdString());
-        WatchedWork(original.connection(), look).run([&] { vacuum.exec(); });
+    makeVerified(original.connection(), newPath, progress, [&] {
+        compact(original.connection(), original.size(), newPath, progress);
         takeOverPermissions(original.path(), newPath);
+        flushToDisk(newPath);
+    });
+}
+
+void compactVerified(SQLite::Database &original, const QString &newPath, mode_t mode,
+                     const FileProgress &progress)
+{
+    makeVerified(original, newPath, progress, [&] {
+        compact(original, 0, newPath, progress);
+        ::chmod(QFile::encodeName(newPath).constData(), mode);
         flushToDisk(newPath);
     });
 }
 
 bool isWholeCopy(LockedFile &original, const QString &path, const FileProgress &progress)
 {
-    return withSqlErrors({SqlActivity::Kind::Opening, path, {}}, [&] {
-        SQLite::Database copy(path.toStdString(), SQLite::OPEN_READONLY | SQLite::OPEN_NOMUTEX);
-        copy.exec(checkingCache);
-        WatchedWork work(copy, [&] { tell(progress, FileStage::Checking); });
-        return work.run([&] {
-            return copy.execAndGet("pragma integrity_check(1)").getString() == "ok" &&
-                   rowCounts(copy) == rowCounts(original.connection());
-        });
-    });
+    return isWholeCopyOf(original.connection(), path, progress);
 }
 
 } // namespace obelmark

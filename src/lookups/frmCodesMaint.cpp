@@ -81,6 +81,7 @@ void frmCodesMaint::Form_Load()
     setFirstSize(*this);
     makeDefault(m_ui->cmdOk);
     ShowBrowseButtons();
+    m_seenChanges = m_shared.DatabaseChanges;
     run([&] {
         attempt(m_shared, [&] { openEntries(); });
         showCurrentRow();
@@ -234,10 +235,11 @@ void frmCodesMaint::showChangesOfOthers()
 
 // The recordsets of before the repair are gone. An entry that was being saved and has got into the file is
 // shown as saved. What the user was typing is kept: a changed entry goes on being changed, and when the
-// damage has cost it its row, it goes on as a new one.
+// damage has cost it its row, or the row may be that of another entry now, it goes on as a new one.
 void frmCodesMaint::resumeAfterRepair()
 {
     const bool isOpenedAnew = m_seenRepairs != m_shared.DatabaseRepairs;
+    const bool isChanged = std::exchange(m_seenChanges, m_shared.DatabaseChanges) != m_shared.DatabaseChanges;
     if (isOpenedAnew)
         openEntries();
     const qint64 saved = std::exchange(m_savedKey, 0);
@@ -250,7 +252,7 @@ void frmCodesMaint::resumeAfterRepair()
         return;
     if (!Editing) {
         showCurrentRow();
-    } else if (entries().noMatch()) {
+    } else if (isChanged || entries().noMatch()) {
         Editing = false;
         Adding = true;
         ShowEditButtons();

@@ -104,6 +104,7 @@ private:
     QPushButton *m_defaultButton = nullptr;
     std::unique_ptr<Dynaset> m_entries;
     int m_seenRepairs = 0;
+    int m_seenChanges = 0;
     qint64 m_shownKey = 0;
     qint64 m_savedKey = 0;      ///< in the file already, though its saving has not come to its end
     bool m_addsAnother = false; ///< the saving began with Add Another

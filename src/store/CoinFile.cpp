@@ -2,6 +2,7 @@
 
 #include "common/CatalogueSort.h"
 #include "common/SharedState.h"
+#include "common/ShownProgress.h"
 #include "engine/Transaction.h"
 #include "runtime/NumberedError.h"
 #include <array>
@@ -63,6 +64,15 @@ std::unique_ptr<Dynaset> openCoins(Database &database, int sortOrder)
         u"Select * from Coin order by Year",
     };
     return database.openDynaset(QString::fromUtf16(orders.at(sortOrder - 1)));
+}
+
+void reopenCoinDatabase(SharedState &shared, bool withRecordset)
+{
+    shared.CoinDatabase =
+        openCoinDatabase(shared.DatabasePath, shownProgress(shared.desktop, u"Open"_s, false));
+    if (withRecordset)
+        shared.CoinRecordset = openCoins(*shared.CoinDatabase, shared.SortOrder);
+    ++shared.DatabaseRepairs;
 }
 
 Database &coinDatabase(SharedState &shared)

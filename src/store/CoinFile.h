@@ -16,6 +16,9 @@ std::unique_ptr<Database> openCoinDatabase(const QString &path, const FileProgre
 /// All coins in one of the three sort orders: 1 description, 2 catalogue number, 3 year.
 std::unique_ptr<Dynaset> openCoins(Database &database, int sortOrder);
 
+/// Opens the coin database at DatabasePath again after it has been closed in the middle of the work.
+void reopenCoinDatabase(SharedState &shared, bool withRecordset);
+
 /// The shared database and recordset as objects in use. \throws ObjectNotSet (91) when there is none
 Database &coinDatabase(SharedState &shared);
 Dynaset &coinRecordset(SharedState &shared);

@@ -6,6 +6,7 @@
 #include "engine/EngineError.h"
 #include "engine/Repair.h"
 #include "store/CoinFile.h"
+#include "store/LostFile.h"
 
 namespace obelmark {
 
@@ -55,23 +56,31 @@ QString repairText(const RepairReport &report)
            "Records saved in each table:%2"_s.arg(report.damagedFilePath, saved);
 }
 
+RepairReport repairFile(SharedState &shared)
+{
+    const FileProgress progress = shownProgress(shared.desktop, u"Repair"_s, false);
+    return repairDatabase(shared.DatabasePath, u"Coin"_s, progress);
+}
+
 void repairCoinDatabase(SharedState &shared)
 {
     const bool recordsetWasOpen = shared.CoinRecordset != nullptr;
     shared.CoinRecordset.reset();
     shared.CoinDatabase.reset();
     try {
-        FileProgress progress = shownProgress(shared.desktop, u"Repair"_s, false);
-        const RepairReport report = repairDatabase(shared.DatabasePath, u"Coin"_s, progress);
-        shared.CoinDatabase = openCoinDatabase(shared.DatabasePath, progress);
-        progress = {};
-        if (recordsetWasOpen)
-            shared.CoinRecordset = openCoins(*shared.CoinDatabase, shared.SortOrder);
-        ++shared.DatabaseRepairs;
+        const RepairReport report = repairFile(shared);
+        reopenCoinDatabase(shared, recordsetWasOpen);
         shared.desktop.showMessage(repairText(report));
     } catch (const NumberedError &failure) {
         reportAndEnd(shared, numberAndText(failure));
     }
+}
+
+/// Whether an error may come from what has been done to the file from outside.
+bool isAboutFile(const NumberedError &error)
+{
+    return error.number() == FileTakenAway || error.number() == DatabaseDamaged ||
+           error.number() == int(PermissionDenied) || error.number() == int(PathFileAccess);
 }
 
 } // namespace
@@ -101,6 +110,9 @@ void DbErrorHandler(SharedState &shared, const NumberedError &error)
                      u"An error has occurred.  You may have forgotten to close a window before packing or "
                      "backing up the program's database.  Please rerun the program."_s);
         return;
+    case FileTakenAway: // and back again by now, or attempt() would have asked
+        shared.LockRetryAgain = true;
+        return;
     case DatabaseDamaged:
         repairCoinDatabase(shared);
         return;
@@ -119,9 +131,30 @@ bool attempt(SharedState &shared, const std::function<void()> &statement)
         return true;
     } catch (const NumberedError &error) {
         const bool wasOpen = shared.CoinDatabase != nullptr;
+        if (wasOpen && isAboutFile(error) && shared.CoinDatabase->fileState() != FileState::InPlace) {
+            meetLostFile(shared);
+            throw DatabaseRepaired();
+        }
         DbErrorHandler(shared, error);
         if (error.number() == DatabaseDamaged && wasOpen)
             throw DatabaseRepaired();
+        return false;
+    }
+}
+
+bool offerRepair(SharedState &shared, const QString &undone, const QString &title)
+{
+    const auto answer = shared.desktop.askYesNo(
+        u"%1, because it is damaged.\n\nDo you wish to repair it now?  What can be read is saved in a new "
+        "file, and the damaged file is kept."_s.arg(undone),
+        title);
+    if (answer == Desktop::Answer::No)
+        return false;
+    try {
+        shared.desktop.showMessage(repairText(repairFile(shared)));
+        return true;
+    } catch (const NumberedError &failure) {
+        shared.desktop.showMessage(numberAndText(failure), title);
         return false;
     }
 }
@@ -135,6 +168,9 @@ bool writeWithRetry(SharedState &shared, const std::function<void()> &write)
         shared.LockRetryAgain = false;
         written = attempt(shared, write);
     }
+    // What has been written a moment after the file was taken away is in no file either.
+    if (written && shared.CoinDatabase)
+        attempt(shared, [&] { shared.CoinDatabase->requireInPlace(); });
     return written;
 }
 

@@ -17,15 +17,23 @@ void DbErrorHandler(SharedState &shared, const NumberedError &error);
 /// stays beside it; what has not been committed is not saved.
 [[noreturn]] void endProgram(SharedState &shared);
 
-/// Raised by attempt() after a database that was in use has been repaired: the recordsets on it are gone and
-/// CoinRecordset has been opened anew on its first row, so the procedure under way cannot go on.
+/// Raised by attempt() after a database that was in use has been repaired or, because its file was taken
+/// away, saved under another name: the recordsets on it are gone and CoinRecordset has been opened anew on
+/// its first row, so the procedure under way cannot go on. Also raised when the user did not want it saved,
+/// so that the rest of the procedure does not ask again; DatabaseRepairs has not grown then.
 struct DatabaseRepaired
 {
 };
 
-/// Runs one statement of a procedure. An error goes to DbErrorHandler(), and the caller goes on with its next
-/// statement. Answers whether the statement was carried out.
+/// Runs one statement of a procedure. An error goes to DbErrorHandler(), or to meetLostFile() when the
+/// database file has been taken away, and the caller goes on with its next statement. Answers whether the
+/// statement was carried out.
 bool attempt(SharedState &shared, const std::function<void()> &statement);
+
+/// After work on the closed database as a whole has met damage: tells that with \a undone ("The database
+/// could not be compacted"), asks whether it is to be repaired, and does it. Answers whether the work can be
+/// tried again.
+bool offerRepair(SharedState &shared, const QString &undone, const QString &title);
 
 /// Carries out an update or a delete, again and again as long as DbErrorHandler() asks for it. Answers
 /// whether it was carried out in the end.
