@@ -10,6 +10,7 @@
 #include "engine/LockedFile.h"
 #include "engine/VerifiedCopy.h"
 #include "runtime/SafeFile.h"
+#include "store/ErrorHandling.h"
 #include <QFile>
 #include <QFileInfo>
 #include <QScopeGuard>
@@ -110,6 +111,11 @@ void packDatabase(SharedState &shared)
         replaceByCompacted(files.database, shownProgress(shared.desktop, QString::fromUtf16(title)));
     } catch (const FileWorkStopped &) {
     } catch (const NumberedError &error) {
+        if (error.number() == DatabaseDamaged) {
+            if (offerRepair(shared, u"The database could not be compacted"_s, QString::fromUtf16(title)))
+                packDatabase(shared);
+            return;
+        }
         const QString state = QFileInfo::exists(files.database)
                                   ? u"The database is as it was."_s
                                   : u"The database is now in the file '%1'."_s.arg(files.previous);

@@ -2,7 +2,7 @@
 #include "backup/FileFaults.h"
 #include "backup/Packing.h"
 #include "common/SharedState.h"
-#include "runtime/NumberedError.h"
+#include "engine/EngineError.h"
 #include "support/ScriptedDesktop.h"
 #include "support/TestCollection.h"
 #include <QDir>
@@ -96,7 +96,7 @@ private slots:
 
     void backupRefused()
     {
-        const Collection c;
+        Collection c;
         const QByteArray content = contentOf(c.databasePath());
         QVERIFY(QFile::link(c.folder(), c.drive + u"/link"_s));
         QCOMPARE(c.failureOfBackup(c.folder()), int(PathFileAccess));
@@ -106,8 +106,16 @@ private slots:
         // A damaged database does not take the place of a whole backup.
         QCOMPARE(c.failureOfBackup(c.drive), 0);
         setContent(c.databasePath(), QByteArray(4096, 'x'), 3 * 4096);
-        QVERIFY(c.failureOfBackup(c.drive) != 0);
+        QCOMPARE(c.failureOfBackup(c.drive), int(DatabaseDamaged));
         QCOMPARE(contentOf(c.copy), content);
+        c.desktop.answerYesNo(
+            u"The database could not be compacted, because it is damaged.\n\nDo you wish to "
+            "repair it now?  What can be read is saved in a new file, and the damaged file is "
+            "kept."_s,
+            title, Desktop::Answer::No);
+        packDatabase(c.shared);
+        QCOMPARE(c.desktop.problems(), QStringList());
+        QCOMPARE(filesIn(c.folder()), QStringList(u"coin.mdb"_s));
     }
 
     // A medium that gives back other bytes than it was given, within a text, where the database's own check

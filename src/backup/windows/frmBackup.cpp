@@ -4,8 +4,9 @@
 #include "common/SharedState.h"
 #include "common/ShownProgress.h"
 #include "desktop/Desktop.h"
+#include "engine/EngineError.h"
 #include "forms/HelpKey.h"
-#include "runtime/NumberedError.h"
+#include "store/ErrorHandling.h"
 #include "ui_frmBackup.h"
 #include <algorithm>
 
@@ -50,16 +51,26 @@ void frmBackup::Form_Load()
 void frmBackup::cmdOk_Click()
 {
     m_shared.desktop.setHourglass(true);
+    backUp();
+    accept();
+    m_shared.desktop.setHourglass(false);
+}
+
+void frmBackup::backUp()
+{
     try {
         copyToDrive();
     } catch (const FileWorkStopped &) {
-    } catch (const NumberedError &) {
+    } catch (const NumberedError &error) {
+        if (error.number() == DatabaseDamaged) {
+            if (offerRepair(m_shared, u"The database could not be backed up"_s, windowTitle()))
+                backUp();
+            return;
+        }
         m_shared.desktop.showMessage(
             u"Backup could not be Performed.  Make sure a formatted disk with sufficient free space is in "
             "the selected drive."_s);
     }
-    accept();
-    m_shared.desktop.setHourglass(false);
 }
 
 void frmBackup::copyToDrive()

@@ -22,6 +22,8 @@ public:
 private:
     void Form_Load();
     void cmdOk_Click();
+    /// Copies, and tells when that fails.
+    void backUp();
     void copyToDrive();
 
     SharedState &m_shared;
