@@ -34,6 +34,8 @@ struct SharedState
     int DatabaseRepairs = 0;
     /// How often another program had changed its contents: a key may be that of another row now.
     int DatabaseChanges = 0;
+    /// The user knows that its file has been taken away, and need not be told before the next write.
+    bool FileLossTold = false;
 
     qint16 SortOrder = 1; ///< 1 description, 2 catalogue number, 3 year
 

@@ -59,9 +59,10 @@ void Program::lookAfterFile()
     if (!m_shared.CoinDatabase || QApplication::activeModalWidget() || QApplication::activePopupWidget())
         return;
     const bool isLost = m_shared.CoinDatabase->fileState() != FileState::InPlace;
-    if (isLost && !m_isLossTold)
+    if (!isLost)
+        m_shared.FileLossTold = false;
+    else if (!m_shared.FileLossTold)
         m_window->requireFile();
-    m_isLossTold = isLost;
 }
 
 void Program::withoutMainWindow(const std::function<void()> &work)

@@ -43,7 +43,6 @@ private:
     std::unique_ptr<frmMain> m_window;
     OpeningPlace m_openingPlace;
     QTimer m_fileTimer;
-    bool m_isLossTold = false;
 };
 
 } // namespace obelmark

@@ -79,6 +79,7 @@ struct NewFile::Private
             insert.emplace(*database, "insert into " + quoted(target->name()) + " (" + names + ") values (" +
                                           marks + ")");
         keyColumn = target->keyColumn() < 0 ? nullptr : &target->column(target->keyColumn());
+        line->hasKey = !keyColumn || indexOf(keyColumn->name) >= 0;
         rowsDone = 0;
         lastCounters.insert(target->name(), table.lastCounter);
     }

@@ -109,7 +109,7 @@ std::optional<QString> takeOver(const KnownFile &known, const QString &path, Des
     if (!keyTable || !keyTable->isInOldFile)
         throw OldFileError(report.readToEnd ? u"It has no table '%1'."_s.arg(known.keyTable)
                                             : u"It is damaged and cannot be read."_s);
-    if (keyTable->taken == 0 && keyTable->declared > 0)
+    if (!keyTable->hasKey || (keyTable->taken == 0 && keyTable->declared > 0))
         throw OldFileError(u"It is damaged: no record of its table '%1' can be read."_s.arg(known.keyTable));
     if (report.isDamaged() &&
         desktop.askYesNo(u"'%1' is damaged: not everything in it can be read.\n\n%2\n\n"

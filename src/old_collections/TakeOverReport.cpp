@@ -19,6 +19,8 @@ void appendTable(const TakeOverReport::Table &table, QStringList &lines)
     QString line = table.name + u": "_s;
     if (!table.isInOldFile)
         line += u"not found in the old file"_s;
+    else if (!table.hasKey)
+        line += u"the description of its columns is damaged"_s;
     else
         line += table.taken == table.declared
                     ? QString::number(table.taken)
@@ -26,7 +28,7 @@ void appendTable(const TakeOverReport::Table &table, QStringList &lines)
     if (table.unreadableRows > 0)
         line += u", %1"_s.arg(count(table.unreadableRows, u"unreadable record"_s));
     lines << line;
-    if (!table.missingColumns.isEmpty())
+    if (table.hasKey && !table.missingColumns.isEmpty())
         lines << u"    left empty, not in the old file: %1"_s.arg(table.missingColumns.join(u", "_s));
     for (auto each = table.lost.begin(); each != table.lost.end(); ++each)
         lines << u"    %1: %2"_s.arg(each.key(), count(each.value(), u"unreadable value"_s));
@@ -44,8 +46,8 @@ const TakeOverReport::Table *TakeOverReport::table(const QString &name) const
 bool TakeOverReport::isDamaged() const
 {
     return !readToEnd || std::any_of(tables.begin(), tables.end(), [](const Table &table) {
-        return !table.isInOldFile || table.taken != table.declared || table.unreadableRows > 0 ||
-               !table.lost.isEmpty();
+        return !table.isInOldFile || !table.hasKey || table.taken != table.declared ||
+               table.unreadableRows > 0 || !table.lost.isEmpty();
     });
 }
 

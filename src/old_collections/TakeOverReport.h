@@ -13,6 +13,7 @@ struct TakeOverReport
     {
         QString name;
         bool isInOldFile = false;
+        bool hasKey = true;              ///< no version's tables were without
         qint64 declared = 0;             ///< the number of rows that the old file says it has
         qint64 taken = 0;                ///< the number of rows in the new file
         qint64 unreadableRows = 0;       ///< found, but damaged

@@ -86,9 +86,8 @@ bool followFolder(SharedState &shared)
 /// Where the collection could be saved; the folder itself may be gone.
 QString proposedPath(const SharedState &shared)
 {
-    const QFileInfo file(shared.DatabasePath);
-    return freeName(file.dir().exists() ? file.filePath() : QDir::current().filePath(file.fileName()),
-                    "saved"_L1);
+    const QDir folder = QFileInfo(shared.DatabasePath).dir();
+    return freeName((folder.exists() ? folder : QDir::current()).filePath(u"coin.mdb"_s), "saved"_L1);
 }
 
 /// Answers the new file; nothing when the user has given it up.
@@ -139,6 +138,7 @@ void saveElsewhere(SharedState &shared, const QString &whatHappened)
 
 void meetLostFile(SharedState &shared)
 {
+    shared.FileLossTold = true;
     switch (shared.CoinDatabase->fileState()) {
     case FileState::InPlace:
         return;
