@@ -125,8 +125,9 @@ std::optional<struct stat> existing(const QString &file, const QString &path)
 /// Not named after the target, whose name may already be as long as the file system takes.
 QByteArray temporaryName(const QString &folder)
 {
-    return QFile::encodeName(u"%1/.obelmark-%2.tmp"_s.arg(folder).arg(
-        QRandomGenerator::system()->generate64(), 16, 16, QLatin1Char('0')));
+    const quint64 number = QRandomGenerator::system()->generate64();
+    // The folder's name is any text, also one that holds a "%1".
+    return QFile::encodeName(folder + u"/.obelmark-%1.tmp"_s.arg(number, 16, 16, QLatin1Char('0')));
 }
 
 } // namespace

@@ -63,7 +63,7 @@ class SafeFileTest : public QObject
 private slots:
     void init()
     {
-        m_folder = std::make_unique<QTemporaryDir>();
+        m_folder = std::make_unique<QTemporaryDir>(QDir::tempPath() + u"/%2CCoins %1 XXXXXX"_s);
         QVERIFY(m_folder->isValid());
         m_path = m_folder->filePath(u"report \u00E4\u65E5.txt"_s);
     }

@@ -51,7 +51,7 @@ QString HelpBook::readFile()
 
 QUrl HelpBook::topicAddress(int topic)
 {
-    return QUrl(u"%1topic-%2.html"_s.arg(pageFolder).arg(topic));
+    return QUrl(pageFolder + u"topic-%1.html"_s.arg(topic));
 }
 
 std::optional<int> HelpBook::topicOf(const QUrl &address)
