@@ -10,7 +10,7 @@ QByteArray inFileEncoding(QStringView text);
 /// The bytes of a text file: inFileEncoding(), every line break as CR LF.
 QByteArray toFileText(const QString &text);
 /// Reads toFileText(), every line break as LF. Bytes that are no UTF-8 come from a file of an older system
-/// and are read as Latin-1; a byte order mark is dropped.
+/// and are read as Windows-1252; a byte order mark is dropped.
 QString fromFileText(const QByteArray &bytes);
 
 /// The stored form of a text of several lines: every line break (CR LF, CR or LF) as CR LF.

@@ -64,7 +64,8 @@ private slots:
         QCOMPARE(fromFileText("\xEF\xBB\xBF"
                               "coin\r\n"),
                  u"coin\n"_s);
-        QCOMPARE(fromFileText("M\xFCnze\r\n"), u"M\u00FCnze\n"_s); // from an older system
+        QCOMPARE(fromFileText("M\xFCnze \x80 \x96 \x9D\r\n"),
+                 u"M\u00FCnze \u20AC \u2013 \x9D\n"_s); // from an older system
     }
 
     void errorTexts()
