@@ -47,6 +47,7 @@ public:
         qint64 newKey; ///< 0: the current row is being changed
         std::vector<Value> values;
         std::vector<bool> changed;
+        std::vector<int> unreadable; ///< as in OrderedRow, without those written into since
     };
 
     std::shared_ptr<DatabaseCore> core;
@@ -343,15 +344,15 @@ void Dynaset::addNew()
     const qint64 key = d->core->reserveKey(table);
     if (table.keyColumn() >= 0)
         values[size_t(table.keyColumn())] = key;
-    d->pending = {key, std::move(values), {}};
+    d->pending = {key, std::move(values), {}, {}};
 }
 
 void Dynaset::edit()
 {
     d->requireOpen();
     d->pending.reset();
-    const std::vector<Value> &values = d->requireRow().values;
-    d->pending = {0, values, std::vector<bool>(values.size())};
+    const OrderedRow &row = d->requireRow();
+    d->pending = {0, row.values, std::vector<bool>(row.values.size()), row.unreadable};
 }
 
 void Dynaset::setValue(QStringView field, const Value &value)
@@ -364,10 +365,19 @@ void Dynaset::setValue(QStringView field, const Value &value)
         throw EngineError(DataTypeConversion);
     Private::Pending &pending = *d->pending;
     Value &held = pending.values[size_t(column)];
+    const ColumnType &type = table.column(column).type;
+    const auto unreadable = std::ranges::find(pending.unreadable, column);
     // What another tool has stored may be more than fits; it is no fault of who writes it back unchanged.
-    if (held == value)
+    // Bytes in a column of texts show as an empty text, which is no reason to lose them; in others null is
+    // meant.
+    const bool isUnchanged = unreadable == pending.unreadable.end()
+                                 ? held == value
+                                 : type.kind == ColumnKind::Text && value.toText().isEmpty();
+    if (isUnchanged)
         return;
-    checkFits(value, table.column(column).type);
+    checkFits(value, type);
+    if (unreadable != pending.unreadable.end())
+        pending.unreadable.erase(unreadable);
     if (pending.newKey == 0)
         pending.changed[size_t(column)] = true;
     held = value;

@@ -45,7 +45,8 @@ public:
     /// Begins changing the current row. \throws NoCurrentRecord, RecordDeleted
     void edit();
     /// Writes into the begun row. Text into text, money into money and so on, null anywhere but the counter.
-    /// \throws UpdateWithoutEdit, UnknownColumn, DataTypeConversion, FieldTooSmall
+    /// Bytes that another tool has stored in a column of texts stay until a text that is not empty is
+    /// written. \throws UpdateWithoutEdit, UnknownColumn, DataTypeConversion, FieldTooSmall
     void setValue(QStringView field, const Value &value);
     /// Writes the begun row in one durable transaction. When that fails the begun row is kept, so that
     /// update() can be tried again. \throws UpdateWithoutEdit, RecordLocked, RecordDeleted, DiskFull and

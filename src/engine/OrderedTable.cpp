@@ -60,8 +60,12 @@ std::optional<OrderedRow> OrderedTable::readRow(const std::string &tail, const R
 
         OrderedRow row;
         row.position.key = statement.getColumn(0).getInt64();
-        for (int column = 0; column < m_table.columnCount(); ++column)
-            row.values.push_back(toValue(cellAt(statement, column + 1), m_table.column(column).type));
+        for (int column = 0; column < m_table.columnCount(); ++column) {
+            const SqlCell cell = cellAt(statement, column + 1);
+            row.values.push_back(toValue(cell, m_table.column(column).type));
+            if (row.values.back().isNull() && !std::holds_alternative<std::monostate>(cell))
+                row.unreadable.push_back(column);
+        }
         for (const int column : m_order.columns())
             row.position.values.push_back(copyOf(cellAt(statement, column + 1)));
         return row;

@@ -14,6 +14,8 @@ struct OrderedRow
 {
     RowPosition position;
     std::vector<Value> values; ///< one for each column of the table
+    /// The columns that are read as null because another tool has written what they cannot hold.
+    std::vector<int> unreadable;
 };
 
 /// The look-ups of a dynaset in its table and order. Its statements are made once, and none is left open:

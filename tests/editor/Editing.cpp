@@ -221,21 +221,23 @@ private slots:
     }
 
     // A text that could not have been typed, longer than the limit and with line breaks, survives an edit of
-    // another field.
+    // another field, and so do bytes. What no price, date or key can be shows as nothing and becomes that.
     void storedTextSurvivesAnEdit()
     {
         const QString text = QString(300, u'x') + u"\r\n\ttab\u00a0\u2028\u0001 end"_s;
-        EditorFixture e(u"insert into Coin (descr, quantity, notes) values ('%1', 1, '%1')"_s.arg(text));
+        EditorFixture e(u"insert into Coin (descr, quantity, notes, misc1, face, SoldDate, Year, couid) "
+                        "values ('%1', 1, '%1', x'00ff', 2.5, 'soon', 99999, 'x')"_s.arg(text));
         e.start();
         e.typeInto(u"txtMetal", QString(90, u'm'));
         QCOMPARE(e.edit(u"txtMetal").text().size(), 80);
         // The limit must not leave half a character.
-        e.edit(u"txtMisc1").insert(u"a\tb\r\nc\0d"_s); // as the clipboard brings it
+        e.edit(u"txtMisc2").insert(u"a\tb\r\nc\0d"_s); // as the clipboard brings it
         e.edit(u"txtErrors").insert(QString(49, u'e') + u"\U0001F4B0"_s);
         e.press(u"cmdUpdate");
         e.close();
-        QCOMPARE(e.collection.query(u"select descr, notes, length(Metal), Errors, misc1 from Coin"_s),
-                 QStringList(u"%1|%1|80|%2|a b cd"_s.arg(text, QString(49, u'e'))));
+        QCOMPARE(e.collection.query(u"select descr, notes, length(Metal), Errors, misc2, hex(misc1), face, "
+                                    "SoldDate, Year, couid from Coin"_s),
+                 QStringList(u"%1|%1|80|%2|a b cd|00FF|NULL|NULL|NULL|NULL"_s.arg(text, QString(49, u'e'))));
     }
 };
 
