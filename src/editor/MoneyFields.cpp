@@ -96,6 +96,20 @@ std::optional<Refusal> MoneyFields::leaveQuantity()
     return {};
 }
 
+void MoneyFields::roundQuantity()
+{
+    QString whole;
+    try {
+        whole = QString::number(toInt32(m_quantity->text(), m_shared.regional));
+    } catch (const NumberedError &) {
+        return; // refused when the field is written
+    }
+    if (whole == m_quantity->text())
+        return;
+    m_quantity->setText(whole);
+    recomputeTotals();
+}
+
 void MoneyFields::recomputeTotals()
 {
     for (const Unit &unit : m_units) {

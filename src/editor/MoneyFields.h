@@ -20,6 +20,10 @@ class MoneyFields : public QObject
 public:
     MoneyFields(QWidget &window, CoinFields &fields, EntryWatch &watch, SharedState &shared);
 
+    /// Before a coin is saved: makes the quantity the whole number that is stored, and the totals those of
+    /// it.
+    void roundQuantity();
+
 private:
     struct Unit
     {

@@ -108,7 +108,7 @@ frmMain::frmMain(SharedState &shared, ProgramWindows &windows)
     m_fields = std::make_unique<CoinFields>(*this, shared);
     m_buttons = std::make_unique<EditButtons>(*this, QList{m_ui->cmdPicture, m_ui->cmdSoldSome});
     m_watch = new EntryWatch(*this, shared.desktop, [&shared](const auto &rule) { attempt(shared, rule); });
-    new MoneyFields(*this, *m_fields, *m_watch, shared);
+    m_money = new MoneyFields(*this, *m_fields, *m_watch, shared);
     connectFields();
     const auto *hints = new EntryHints(*this, *m_fields, *m_watch);
     connect(hints, &EntryHints::told, this, [this](const QString &sentence) {

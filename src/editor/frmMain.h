@@ -127,6 +127,7 @@ private:
     std::unique_ptr<CoinFields> m_fields;
     std::unique_ptr<EditButtons> m_buttons;
     EntryWatch *m_watch = nullptr;
+    MoneyFields *m_money = nullptr;
     QPointer<frmAbout> m_about;
 
     /// Shows the place in the collection when everything else is on the screen: it may have to be counted.

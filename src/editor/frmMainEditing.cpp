@@ -4,6 +4,7 @@
 #include "desktop/Desktop.h"
 #include "editor/CoinFields.h"
 #include "editor/LookupList.h"
+#include "editor/MoneyFields.h"
 #include "editor/ProgramWindows.h"
 #include "editor/SoldSome.h"
 #include "editor/frmMain.h"
@@ -398,6 +399,7 @@ bool frmMain::ValidateCoin()
 
 void frmMain::SaveCoinRecord()
 {
+    m_money->roundQuantity();
     m_fields->writeRow();
     qint64 key = 0;
     std::unique_ptr<NewPictureFile> picture;
