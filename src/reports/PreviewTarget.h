@@ -1,10 +1,12 @@
 #pragma once
 
+#include "reports/ReportDocument.h"
 #include "reports/ReportTarget.h"
 
 namespace obelmark {
 
-/// A report on the pages of the report output window. The mouse pointer is an hourglass while it is made.
+/// A report on the pages of the report output window, where the one before stays until it is whole. The mouse
+/// pointer is an hourglass while it is made.
 class PreviewTarget final : public ReportTarget
 {
 public:
@@ -19,11 +21,9 @@ public:
     void finishEmpty() override;
 
 private:
-    void endDocument();
-
     SharedState &m_shared;
     ReportPreview &m_preview;
-    bool m_started = false;
+    std::optional<ReportDocument> m_report; ///< the one being made
 };
 
 } // namespace obelmark

@@ -9,14 +9,15 @@ namespace obelmark {
 
 struct ReportDocument::Private
 {
-    void changed() const
+    void changed(Change change) const
     {
         if (changeHandler)
-            changeHandler();
+            changeHandler(change);
     }
 
-    ReportLayout layout{PageSetup{usualPaper(RegionalSettings::system().locale())}};
-    std::function<void()> changeHandler;
+    std::unique_ptr<ReportLayout> layout =
+        std::make_unique<ReportLayout>(PageSetup{usualPaper(RegionalSettings::system().locale())});
+    std::function<void(Change)> changeHandler;
 };
 
 ReportDocument::ReportDocument() : d(std::make_unique<Private>()) {}
@@ -25,66 +26,72 @@ ReportDocument::~ReportDocument() = default;
 
 void ReportDocument::start(const ReportPageSetup &setup)
 {
-    d->layout.start(setup);
-    d->changed();
+    d->layout->start(setup);
+    d->changed(Change::NewReport);
 }
 
 void ReportDocument::addTable(QStringView format, QStringView body)
 {
-    d->layout.addTable(format, body);
+    d->layout->addTable(format, body);
 }
 
 void ReportDocument::end()
 {
-    d->changed();
+    d->changed(Change::Pages);
 }
 
-void ReportDocument::onChange(std::function<void()> handler)
+void ReportDocument::take(ReportDocument &finished)
+{
+    d->layout.swap(finished.d->layout);
+    d->changed(Change::NewReport);
+}
+
+void ReportDocument::onChange(std::function<void(Change)> handler)
 {
     d->changeHandler = std::move(handler);
 }
 
 qsizetype ReportDocument::pageCount() const
 {
-    return d->layout.pageCount();
+    return d->layout->pageCount();
 }
 
 qsizetype ReportDocument::rowCount() const
 {
-    return d->layout.rows().size();
+    return d->layout->rows().size();
 }
 
 qsizetype ReportDocument::firstRow(qsizetype page) const
 {
-    return d->layout.pageStart(page).row;
+    return d->layout->pageStart(page).row;
 }
 
 ReportPlace ReportDocument::placeAt(qsizetype page, double top) const
 {
-    return d->layout.placeAt(page, top);
+    return d->layout->placeAt(page, top);
 }
 
 PagePosition ReportDocument::positionOf(const ReportPlace &place) const
 {
-    return d->layout.positionOf(place);
+    return d->layout->positionOf(place);
 }
 
 const PageSetup &ReportDocument::page() const
 {
-    return d->layout.page();
+    return d->layout->page();
 }
 
 void ReportDocument::setPage(const PageSetup &page)
 {
-    if (page == d->layout.page())
+    if (page == d->layout->page())
         return;
-    d->layout.setPage(page);
-    d->changed();
+    d->layout->setPage(page);
+    d->changed(Change::Pages);
 }
 
 QString ReportDocument::title() const
 {
-    const QStringList parts = d->layout.headerParts().split(u'|');
+    const QStringList parts = d->layout->headerParts().split(u'|');
     return parts.value(1).trimmed();
 }
 
@@ -97,31 +104,31 @@ QString ReportDocument::pageText(qsizetype page) const
             cells += cell.toString();
         lines += cells.join(u'\t');
     };
-    if (d->layout.heading().lineCount > 0)
-        addRow(d->layout.heading());
-    d->layout.forEachRow(page, 0, this->page().size().height(), addRow);
+    if (d->layout->heading().lineCount > 0)
+        addRow(d->layout->heading());
+    d->layout->forEachRow(page, 0, this->page().size().height(), addRow);
     return lines.join(u'\n');
 }
 
 void ReportDocument::paintPage(QPainter &painter, qsizetype page) const
 {
-    obelmark::paintPage(painter, d->layout, page);
+    obelmark::paintPage(painter, *d->layout, page);
 }
 
 std::optional<ReportMatch> ReportDocument::find(const QString &text, const ReportMatch &from,
                                                 SearchDirection direction) const
 {
-    return findText(d->layout, text, from, direction);
+    return findText(*d->layout, text, from, direction);
 }
 
 qsizetype ReportDocument::pageOf(const ReportMatch &match) const
 {
-    return d->layout.pageOf(match.row, lineOf(d->layout, match));
+    return d->layout->pageOf(match.row, lineOf(*d->layout, match));
 }
 
 QList<ReportDocument::MatchRect> ReportDocument::matchRects(qsizetype page, const QString &text) const
 {
-    return obelmark::matchRects(d->layout, page, text);
+    return obelmark::matchRects(*d->layout, page, text);
 }
 
 } // namespace obelmark

@@ -77,9 +77,13 @@ public:
     /// their own. \throws std::length_error for more than 4,096 different formats
     void addTable(QStringView format, QStringView body);
     void end();
+    /// Takes over the report of another document, which is left with the one that was here.
+    void take(ReportDocument &finished);
 
-    /// Called whenever pages are no longer what they were: at start(), end() and setPage().
-    void onChange(std::function<void()> handler);
+    enum class Change { NewReport, Pages };
+    /// Called whenever pages are no longer what they were: another report at start() and take(), other pages
+    /// at end() and setPage().
+    void onChange(std::function<void(Change)> handler);
 
     /// 0 before the first start().
     qsizetype pageCount() const;

@@ -14,7 +14,7 @@ public:
     ReportPreview(const ReportPreview &) = delete;
     ReportPreview &operator=(const ReportPreview &) = delete;
 
-    /// The document in the window, which ReportDocument::start() empties.
+    /// The document in the window.
     virtual ReportDocument &document() = 0;
     /// Shows the window, or brings it to the front.
     virtual void show() = 0;

@@ -369,7 +369,9 @@ private slots:
     {
         Shown s;
         s.pages->goToPage(5);
-        fill(s.output.document(), 10);
+        ReportDocument next;
+        fill(next, 10);
+        s.output.document().take(next);
         s.output.show();
         QCOMPARE(s.count(), 1);
         QCOMPARE(s.page(), 1);

@@ -45,8 +45,8 @@ PreviewView::PreviewView(QWidget *parent) : QWidget(parent), m_ui(std::make_uniq
     setUpZoom();
     setUpKeys();
     m_ui->pages->setDocument(m_document);
-    m_document.onChange([this] { documentChanged(); });
-    documentChanged();
+    m_document.onChange([this](ReportDocument::Change change) { documentChanged(change); });
+    documentChanged(ReportDocument::Change::NewReport);
 }
 
 PreviewView::~PreviewView()
@@ -157,9 +157,9 @@ void PreviewView::setUpKeys()
     addKey(Qt::CTRL | Qt::Key_0, [this] { m_ui->pages->zoomBy(1 / m_ui->pages->relativeScale()); });
 }
 
-void PreviewView::documentChanged()
+void PreviewView::documentChanged(ReportDocument::Change change)
 {
-    if (m_document.rowCount() == 0)
+    if (change == ReportDocument::Change::NewReport)
         m_ui->pages->rewind();
     m_ui->pages->documentChanged();
     m_ui->fraFind->documentChanged();

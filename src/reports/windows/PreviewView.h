@@ -37,7 +37,7 @@ private:
     void setUpNavigation();
     void setUpZoom();
     void setUpKeys();
-    void documentChanged();
+    void documentChanged(ReportDocument::Change change);
     void showState();
     void turnPaper(bool landscape);
     void print();
