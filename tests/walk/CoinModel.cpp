@@ -229,10 +229,7 @@ bool CoinModel::leave(bool committing)
     case Kind::Quantity:
         if (!number(text) && !committing)
             tell(u"You must enter a number in the Quantity field"_s, u"Obelmark"_s, 2);
-        for (const Field &price : fields) {
-            if (price.kind == Kind::Price && amount(shown[price.name]))
-                total(price);
-        }
+        totals();
         return number(text) || committing;
     case Kind::Face:
     case Kind::Price:
@@ -257,6 +254,14 @@ bool CoinModel::leave(bool committing)
         return false;
     default:
         return true;
+    }
+}
+
+void CoinModel::totals()
+{
+    for (const Field &price : fields) {
+        if (price.kind == Kind::Price && amount(shown[price.name]))
+            total(price);
     }
 }
 
@@ -409,6 +414,12 @@ Row CoinModel::row() const
 
 qint64 CoinModel::save(std::optional<qint64> key)
 {
+    // The totals are those of the whole quantity that is stored.
+    QString &quantity = shown[u"txtQuantity"_s];
+    if (const QString whole = QString::number(even(*number(quantity))); whole != quantity) {
+        quantity = whole;
+        totals();
+    }
     Row saved = row();
     saved[u"catsort"_s] = sortKey(shown[u"txtCatNum"_s].section(u'-', 0, 0));
     // The issue date gets the century of a year of four characters, when there is such a day.

@@ -77,6 +77,7 @@ private:
     bool leave(bool committing);
     bool validate();
     qint64 save(std::optional<qint64> key);
+    void totals();
     void total(const Field &price);
     Row row() const;
 
