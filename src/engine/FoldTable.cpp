@@ -1,6 +1,5 @@
 #include "engine/FoldTable.h"
 #include <QList>
-#include <QString>
 
 namespace obelmark {
 
@@ -18,6 +17,47 @@ QString fromCharacter(char32_t character)
     return QString::fromUcs4(&character, 1);
 }
 
+QString decomposedForOrder(const QString &text)
+{
+    return text.normalized(QString::NormalizationForm_KD);
+}
+
+/// Letters are one kind in either case.
+QChar::Category kindOf(char32_t character)
+{
+    const QChar::Category category = QChar::category(character);
+    return category == QChar::Letter_Lowercase || category == QChar::Letter_Titlecase
+               ? QChar::Letter_Uppercase
+               : category;
+}
+
+/// Whether Unicode knows the character as another way of writing others.
+bool isOtherWriting(char32_t character)
+{
+    const QChar::Decomposition tag = QChar::decompositionTag(character);
+    return tag != QChar::NoDecomposition && tag != QChar::Canonical;
+}
+
+/// The same sign in the usual width and font, if there is one of that kind.
+QString usualForm(char32_t character)
+{
+    if (isOtherWriting(character)) {
+        const QString others = QChar::decomposition(character);
+        const QList<uint> written = others.toUcs4();
+        if (written.size() == 1 && kindOf(written.first()) == kindOf(character))
+            return others;
+    }
+    return fromCharacter(character);
+}
+
+QString decomposedForLike(const QString &text)
+{
+    QString usual;
+    for (const uint character : text.toUcs4())
+        usual += usualForm(character);
+    return usual.normalized(QString::NormalizationForm_D);
+}
+
 /// Letters that have no capital of their own, such as the sharp s, fold to those of their capital form:
 /// QString::toCaseFolded() leaves them alone.
 QString spelledOut(char32_t character)
@@ -27,13 +67,30 @@ QString spelledOut(char32_t character)
     return upper.toUcs4().size() > 1 ? upper : text;
 }
 
-QString foldOnce(const QString &text)
+} // namespace
+
+FoldTable &FoldTable::ofOrder()
+{
+    static FoldTable table(decomposedForOrder);
+    return table;
+}
+
+FoldTable &FoldTable::ofLike()
+{
+    static FoldTable table(decomposedForLike);
+    return table;
+}
+
+QString FoldTable::foldOnce(const QString &text) const
 {
     QString spelled;
-    for (const uint character : text.toUcs4())
-        spelled += spelledOut(character);
+    for (const uint character : text.toUcs4()) {
+        // A ligature has a capital form only because it stands for several letters.
+        const bool isWhole = m_decompose == decomposedForLike && isOtherWriting(character);
+        spelled += isWhole ? fromCharacter(character) : spelledOut(character);
+    }
     QString folded;
-    for (const uint character : spelled.toCaseFolded().normalized(QString::NormalizationForm_KD).toUcs4()) {
+    for (const uint character : m_decompose(spelled.toCaseFolded()).toUcs4()) {
         if (!isCombiningMark(character))
             folded += fromCharacter(character);
     }
@@ -41,7 +98,7 @@ QString foldOnce(const QString &text)
 }
 
 /// A decomposition can bring up capitals (the mathematical alphabets), a folded capital marks: repeat.
-QString foldFully(QString text)
+QString FoldTable::foldFully(QString text) const
 {
     for (;;) {
         QString next = foldOnce(text);
@@ -49,14 +106,6 @@ QString foldFully(QString text)
             return text;
         text = std::move(next);
     }
-}
-
-} // namespace
-
-FoldTable &FoldTable::shared()
-{
-    static FoldTable table;
-    return table;
 }
 
 std::unique_ptr<FoldTable::Block> FoldTable::makeBlock(char32_t first)

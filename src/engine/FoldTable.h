@@ -1,14 +1,14 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QString>
 #include <array>
 #include <memory>
 #include <vector>
 
 namespace obelmark {
 
-/// What each Unicode character becomes in the form in which texts are compared (foldText()). Blocks of 256
-/// characters are worked out when one of them is first met.
+/// What each Unicode character becomes in a form in which texts are compared. Blocks of 256 characters are
+/// worked out when one of them is first met.
 ///
 /// Folding character by character equals folding whole texts: the only step that looks at neighbours is the
 /// ordering of combining marks, and those are dropped.
@@ -18,7 +18,12 @@ public:
     /// No character becomes more characters than this per byte of its UTF-8 form.
     static constexpr size_t mostPerByte = 6;
 
-    static FoldTable &shared();
+    /// The form that orders texts: foldText().
+    static FoldTable &ofOrder();
+    /// The form in which "like" compares: letter case and accents are dropped too, but a sign that is written
+    /// as one holds none of those that it could be spelled out with: "½" no "1", "Ⅳ" no "I". Only what is the
+    /// same sign in another width or font is as that.
+    static FoldTable &ofLike();
 
     /// Calls \a sink with each character that \a character becomes: none for a combining mark, mostly one,
     /// several for a ligature.
@@ -39,6 +44,9 @@ public:
     }
 
 private:
+    using Decompose = QString (*)(const QString &text);
+    explicit FoldTable(Decompose decompose) : m_decompose(decompose) {}
+
     static constexpr char32_t lastCharacter = 0x10ffff;
     static constexpr char32_t blockSize = 256;
     struct Entry
@@ -57,6 +65,10 @@ private:
     }
     std::unique_ptr<Block> makeBlock(char32_t first);
 
+    QString foldOnce(const QString &text) const;
+    QString foldFully(QString text) const;
+
+    Decompose m_decompose;
     std::array<std::unique_ptr<Block>, lastCharacter / blockSize + 1> m_blocks;
     std::vector<char32_t> m_expansions;
 };

@@ -102,7 +102,7 @@ LikePattern::LikePattern(std::string_view utf8)
         } else if (const size_t end = c == U'[' ? readList(pattern, i) : 0) {
             i = end;
         } else {
-            FoldTable::shared().fold(c, [this](char32_t folded) {
+            FoldTable::ofLike().fold(c, [this](char32_t folded) {
                 m_segments.back().push_back({Kind::Letter, folded});
             });
         }
@@ -120,7 +120,7 @@ size_t LikePattern::readList(const std::u32string &pattern, size_t start)
     // An expansion is known by its first character.
     const auto folded = [](char32_t c) {
         char32_t first = 0;
-        FoldTable::shared().fold(c, [&first](char32_t f) { first = first ? first : f; });
+        FoldTable::ofLike().fold(c, [&first](char32_t f) { first = first ? first : f; });
         return first;
     };
     List list;
@@ -144,7 +144,7 @@ bool LikePattern::matches(std::string_view utf8) const
 
     if (m_folded.size() < utf8.size() * FoldTable::mostPerByte)
         m_folded.resize(utf8.size() * FoldTable::mostPerByte);
-    FoldTable &table = FoldTable::shared();
+    FoldTable &table = FoldTable::ofLike();
     char32_t *end = m_folded.data();
     for (Utf8Reader reader(utf8); !reader.atEnd();) {
         const char32_t character = reader.next();

@@ -10,7 +10,7 @@ namespace obelmark {
 
 /// A pattern of "like", made ready for many values: "*" any run, "?" one character, "#" one digit, "[a-z]"
 /// one of, "[!a-z]" none of; in brackets "*", "?", "#" and "[" stand for themselves, as does a "[" that is
-/// never closed. Values and pattern are compared folded (foldText()).
+/// never closed. Letter case and accents do not matter; a sign written as one ("½", "ﬁ") is one character.
 ///
 /// Takes time proportional to value length times pattern length at worst.
 class LikePattern

@@ -6,7 +6,7 @@ namespace obelmark {
 
 QString foldText(QStringView text)
 {
-    FoldTable &table = FoldTable::shared();
+    FoldTable &table = FoldTable::ofOrder();
     QString folded;
     folded.reserve(text.size());
     for (const uint character : text.toUcs4()) {

@@ -94,6 +94,10 @@ void Like::matches_data()
         {u"ecud'or"_s});
     row("sharp s both ways", u"*strasse"_s, {u"Hauptstraße"_s, u"STRASSE"_s}, {u"strase"_s});
     row("sharp s in the pattern", u"groß*"_s, {u"GROSS"_s, u"Großmünze"_s}, {u"gros"_s});
+    row("signs written as one", u"?x"_s, {u"½x"_s, u"²x"_s, u"Ⅳx"_s, u"ﬁx"_s, u"ŉx"_s, u"Ⓐx"_s, u"ｱx"_s}, {});
+    row("signs that could be spelled out", u"[12ivfna]*"_s, {u"Ａ"_s, u"𝐀"_s, u"１"_s},
+        {u"½"_s, u"²x"_s, u"ª"_s, u"ⅳ"_s, u"Ⅴ"_s, u"ﬁ"_s, u"ŉ"_s, u"Ⓐ"_s});
+    row("their case", u"ⅳⓐǆ\u00a0Ω"_s, {u"ⅣⒶǅ ω"_s, u"ⅳⓐǄ\u00a0Ω"_s}, {u"ivaǆ ω"_s});
     row("surrogate pairs", u"?𐐀*"_s, {u"𝒳𐐨"_s}, {u"𐐨"_s});
     row("arabic", u"*دينار*"_s, {u"دِينَار"_s}, {u"درهم"_s});
 }
