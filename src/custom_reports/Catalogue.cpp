@@ -16,6 +16,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int mostSpecid = 32767;
+/// No caption or name that could be shown is longer.
+constexpr qsizetype mostLetters = 255;
 constexpr QChar linkSeparator = u';';
 
 /// What is no number that an id or a kind could be becomes one that is out of their range.
@@ -69,7 +71,7 @@ Catalogue Catalogue::read(const QString &folder)
         const auto database = Database::open(catalogue.m_path, Database::Access::Shared, {u"RptSpec"_s});
         const auto rows = database->openSnapshot(u"Select * from RptSpec"_s);
         for (; !rows->eof(); rows->moveNext())
-            catalogue.m_fields << readField(*rows);
+            catalogue.add(readField(*rows));
     } catch (const NumberedError &error) {
         const QString reason = error.number() == UnknownColumn
                                    ? u"A column of its table RptSpec is missing."_s
@@ -81,6 +83,23 @@ Catalogue Catalogue::read(const QString &folder)
         return std::pair(foldText(field.desc).toUtf8(), field.specid);
     });
     return catalogue;
+}
+
+void Catalogue::add(const CatalogueField &field)
+{
+    for (const QString &text :
+         {field.usewith, field.desc, field.fieldname, field.FileName, field.linkfield}) {
+        if (text.size() > mostLetters)
+            throw fault(field, u"one of its texts is longer than %1 letters"_s.arg(mostLetters));
+    }
+    m_fields << field;
+}
+
+CatalogueError Catalogue::fault(const CatalogueField &field, const QString &what) const
+{
+    return CatalogueError(
+        u"The report field catalogue '%1' cannot be used.\n\nThere is a fault in its field '%2': %3."_s.arg(
+            m_path, field.desc.left(mostLetters), what));
 }
 
 template<class Test>
@@ -99,17 +118,15 @@ void Catalogue::check(const QList<CatalogueField> &fields) const
 {
     QHash<int, QString> captions;
     for (const CatalogueField &field : fields) {
-        QString fault;
+        QString what;
         if (field.specid < 1 || field.specid > mostSpecid)
-            fault = u"its number (specid) is not from 1 to 32767"_s;
+            what = u"its number (specid) is not from 1 to 32767"_s;
         else if (captions.contains(field.specid))
-            fault = u"it has the same number (specid) as the field '%1'"_s.arg(captions[field.specid]);
+            what = u"it has the same number (specid) as the field '%1'"_s.arg(captions[field.specid]);
         else if (field.datatype < FieldKind::Text || field.datatype > FieldKind::Time)
-            fault = u"its kind (datatype) is not from 1 to 5"_s;
-        if (!fault.isEmpty())
-            throw CatalogueError(
-                u"The report field catalogue '%1' cannot be used.\n\nThere is a fault in its field '%2': %3."_s
-                    .arg(m_path, field.desc, fault));
+            what = u"its kind (datatype) is not from 1 to 5"_s;
+        if (!what.isEmpty())
+            throw fault(field, what);
         captions.insert(field.specid, field.desc);
     }
 }

@@ -59,7 +59,9 @@ public:
 private:
     template<class Test>
     QList<CatalogueField> select(const QString &usewith, Test belongs) const;
+    void add(const CatalogueField &field);
     void check(const QList<CatalogueField> &fields) const;
+    CatalogueError fault(const CatalogueField &field, const QString &what) const;
 
     QString m_path;                 ///< for messages
     QList<CatalogueField> m_fields; ///< in the order of their captions

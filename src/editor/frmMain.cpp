@@ -95,6 +95,14 @@ QString shownFolder(const SharedState &shared)
 
 } // namespace
 
+/// Paths are kept as text, and there are names that are none.
+static void requireReadableName(const QString &folder)
+{
+    if (!QDir(folder).exists())
+        throw NumberedError(
+            PathNotFound, u"The folder '%1' cannot be used: its name is not written in UTF-8."_s.arg(folder));
+}
+
 frmMain::frmMain(SharedState &shared, ProgramWindows &windows)
     : m_shared(shared), m_windows(windows), m_ui(std::make_unique<Ui::frmMain>())
 {
@@ -255,14 +263,11 @@ void frmMain::Form_Load()
     m_shared.AppFolder = QDir::currentPath();
     if (!m_shared.AppFolder.endsWith(u'/'))
         m_shared.AppFolder += u'/';
+    step([&] { requireReadableName(m_shared.AppFolder); });
     // Who does not want an old collection taken over finds the folder as it was.
     if (!offerTakeOver(m_shared.AppFolder, m_shared.desktop))
         endProgram(m_shared);
-    step([&] {
-        if (!QDir(pathInAnyCase(m_shared.AppFolder, u"images"_s)).exists() &&
-            !QDir(m_shared.AppFolder).mkdir(u"images"_s))
-            throw runtimeError(PathFileAccess);
-    });
+    step([&] { makeImagesFolder(m_shared.AppFolder); });
     m_shared.HelpFilePath = pathInAnyCase(m_shared.AppFolder, u"coin.hlp"_s);
     // A collection that had to be saved under another name keeps it until the program ends.
     if (m_shared.DatabasePath.isEmpty())

@@ -108,7 +108,7 @@ private:
     void chkWantList_Click();
     void cmdPicture_Click();
     void connectPictureWindow();
-    void deletePicture(const QString &file);
+    void deletePictureFile(const QString &file);
     void returnToBrowsing();
     void beginCoin();
     /// What is left of saving once the coin is in the file.

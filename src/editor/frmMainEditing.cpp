@@ -20,7 +20,6 @@
 #include "store/CoinFile.h"
 #include "store/ErrorHandling.h"
 #include "ui_frmMain.h"
-#include <QFile>
 #include <QLabel>
 #include <QScopeGuard>
 
@@ -324,7 +323,7 @@ void frmMain::cmdDelete_Click()
             [&] { picture = findPictureFile(m_shared.AppFolder, coins().value(u"coinid").toInt()); });
     writeWithRetry(m_shared, [&] {
         coins().remove();
-        deletePicture(picture);
+        deletePictureFile(picture);
     });
     attempt(m_shared, [&] {
         if (moveToNeighbour(coins()))
@@ -364,9 +363,9 @@ void frmMain::connectPictureWindow()
         connect(image, &frmImage::changing, this, &frmMain::MakingChange, Qt::UniqueConnection);
 }
 
-void frmMain::deletePicture(const QString &file)
+void frmMain::deletePictureFile(const QString &file)
 {
-    if (!file.isEmpty() && !QFile::remove(file))
+    if (!file.isEmpty() && !deletePicture(file))
         m_shared.desktop.showMessage(u"The picture file '%1' could not be deleted."_s.arg(file));
 }
 

@@ -6,6 +6,7 @@
 #include <QBuffer>
 #include <QColorSpace>
 #include <QFile>
+#include <QFileInfo>
 #include <QImageReader>
 #include <QPainter>
 
@@ -95,6 +96,9 @@ Picture::Picture(const QImage &image)
 Picture Picture::fromFile(const QString &path, const Boxes &boxes)
 {
     const QString damaged = u"it is damaged or incomplete"_s, tooLarge = u"it is too large"_s;
+    // To open a named pipe is to wait for ever, and a device may have no end.
+    if (const QFileInfo info(path); info.exists() && !info.isFile())
+        throw failure(path, u"it is no file"_s);
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         throw failure(path, file.errorString());

@@ -31,9 +31,10 @@ QString stem(qint64 coinId)
     return u"%1"_s.arg(coinId, 8, 10, QLatin1Char('0'));
 }
 
-QStringList filesOf(const QDir &folder, qint64 coinId)
+QStringList filesOf(const QDir &folder, qint64 coinId, const QStringList &otherNames = {})
 {
-    return folder.entryList({stem(coinId) + u".*"_s}, QDir::Files | QDir::Hidden, QDir::Name);
+    return folder.entryList(otherNames + QStringList{stem(coinId) + u".*"_s}, QDir::Files | QDir::Hidden,
+                            QDir::Name);
 }
 
 bool isPictureName(const QString &file)
@@ -62,6 +63,23 @@ QString imagesFolder(const QString &appFolder)
     return pathInAnyCase(appFolder, u"images"_s) + u'/';
 }
 
+void makeImagesFolder(const QString &appFolder)
+{
+    const QString path = imagesFolder(appFolder).chopped(1);
+    const QFileInfo found(path);
+    if (found.isDir())
+        return;
+    const QString reason = found.isSymLink() && !found.exists() ? u"a link that leads nowhere"_s
+                           : found.exists()                     ? u"a file, and not a folder"_s
+                                                                : QString();
+    if (!reason.isEmpty())
+        throw NumberedError(PathFileAccess,
+                            u"The folder for the pictures cannot be made: '%1' is %2."_s.arg(path, reason));
+    if (::mkdir(QFile::encodeName(path).constData(), 0777) != 0)
+        throw NumberedError(PathFileAccess, u"The folder for the pictures, '%1', cannot be made: %2."_s.arg(
+                                                path, qt_error_string(errno)));
+}
+
 QString findPictureFile(const QString &appFolder, qint64 coinId)
 {
     const QDir folder(imagesFolder(appFolder));
@@ -79,7 +97,7 @@ QString writtenPictureFile(const QString &appFolder, qint64 coinId)
 
 void removeUnfinishedPictures(const QString &appFolder)
 {
-    for (const QLatin1StringView name : {unfinishedPicture, unfinishedJpeg})
+    for (const QLatin1StringView name : {unfinishedPicture, unfinishedJpeg, unfinishedBytes})
         removeUnfinishedFile(imagesFolder(appFolder) + name);
 }
 
@@ -87,10 +105,25 @@ void deleteReplacedPictures(const QString &appFolder, qint64 coinId)
 {
     const QDir folder(imagesFolder(appFolder));
     const QString written = writtenPictureFile(appFolder, coinId);
-    for (const QString &name : filesOf(folder, coinId)) {
+    // The names are gone through anyway: with them go files that earlier versions have left unfinished.
+    for (const QString &name : filesOf(folder, coinId, {u".obelmark-*.tmp"_s})) {
         const QString file = folder.filePath(name);
-        if (isPictureName(name) && !isSameFile(file, written))
+        if (name.startsWith(u'.'))
+            removeUnfinishedFile(file);
+        else if (isPictureName(name) && !isSameFile(file, written))
             QFile::remove(file);
+    }
+}
+
+bool deletePicture(const QString &file)
+{
+    if (!QFile::remove(file))
+        return false;
+    try {
+        flushToDisk(QFileInfo(file).path());
+        return true;
+    } catch (const NumberedError &) {
+        return false;
     }
 }
 

@@ -9,6 +9,10 @@ struct SharedState;
 /// The folder that holds the coins' pictures, with a trailing "/".
 QString imagesFolder(const QString &appFolder);
 
+/// Makes the folder when there is none. \throws PathFileAccess, the description naming the folder and what is
+/// in the way
+void makeImagesFolder(const QString &appFolder);
+
 /// The path of a coin's picture: a file in the images folder named by the coin's key in eight digits, with
 /// any extension. Empty when the coin has none. Of several the one that this program has written (".jpg")
 /// comes first.
@@ -21,6 +25,7 @@ QString writtenPictureFile(const QString &appFolder, qint64 coinId);
 /// look for them among all the pictures.
 inline constexpr QLatin1StringView unfinishedPicture(".obelmark-picture.tmp");
 inline constexpr QLatin1StringView unfinishedJpeg(".obelmark-jpeg.tmp");
+inline constexpr QLatin1StringView unfinishedBytes(".obelmark-bytes.tmp");
 
 /// Removes those that a run which was cut off has left. See removeUnfinishedFile().
 void removeUnfinishedPictures(const QString &appFolder);
@@ -28,6 +33,9 @@ void removeUnfinishedPictures(const QString &appFolder);
 /// Deletes the pictures of other extensions that a newly written one replaces. Files that are no pictures
 /// stay.
 void deleteReplacedPictures(const QString &appFolder, qint64 coinId);
+
+/// Deletes a coin's picture for good, also through a power cut. Answers whether that succeeded.
+bool deletePicture(const QString &file);
 
 /// Renames the files that already lie there under the key of a coin that is new: they are not this coin's.
 /// What cannot be renamed is told to the user.

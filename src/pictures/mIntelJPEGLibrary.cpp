@@ -38,12 +38,12 @@ QByteArray encode(const cDIBSection &section, qint32 quality)
 bool WriteJPEGFile(const cDIBSection &section, const QString &fileName, qint32 quality)
 {
     const QByteArray bytes = encode(section, quality);
-    // One name for all: only one program at a time has the collection open, and what an earlier one has left
-    // behind is written over.
+    // Names for all pictures: only one program at a time has the collection open, and what an earlier one has
+    // left behind is written over.
     const QString temporary = QFileInfo(fileName).path() + u'/' + unfinishedJpeg;
     try {
         QFile::remove(temporary);
-        SafeFile file(temporary);
+        SafeFile file(temporary, unfinishedBytes);
         file.write(bytes);
         file.commit();
         putInPlace(temporary, fileName);

@@ -123,7 +123,7 @@ std::optional<struct stat> existing(const QString &file, const QString &path)
 }
 
 /// Not named after the target, whose name may already be as long as the file system takes.
-QByteArray temporaryName(const QString &folder)
+QByteArray randomName(const QString &folder)
 {
     const quint64 number = QRandomGenerator::system()->generate64();
     // The folder's name is any text, also one that holds a "%1".
@@ -134,8 +134,9 @@ QByteArray temporaryName(const QString &folder)
 
 struct SafeFile::Private
 {
-    explicit Private(const QString &givenPath)
-        : path(givenPath), target(linkedFile(givenPath)), folder(folderOf(target)), descriptor(create())
+    Private(const QString &givenPath, const QString &temporaryName)
+        : path(givenPath), target(linkedFile(givenPath)), folder(folderOf(target)),
+          descriptor(create(temporaryName))
     {
     }
 
@@ -145,18 +146,21 @@ struct SafeFile::Private
             ::unlink(temporary.constData());
     }
 
-    int create()
+    int create(const QString &givenName)
     {
         const auto replaced = existing(target, path);
         int number = -1;
         do {
-            temporary = temporaryName(folder);
+            temporary =
+                givenName.isEmpty() ? randomName(folder) : QFile::encodeName(folder + u'/' + givenName);
+            if (!givenName.isEmpty())
+                ::unlink(temporary.constData());
             number = uninterrupted([this, &replaced] {
                 // A file that others must not read is not open to them under its temporary name either.
                 return ::open(temporary.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC,
                               replaced ? 0600 : 0666);
             });
-        } while (number < 0 && errno == EEXIST);
+        } while (number < 0 && errno == EEXIST && givenName.isEmpty());
         if (number < 0) {
             const int reason = errno;
             temporary.clear();
@@ -207,7 +211,10 @@ struct SafeFile::Private
     Descriptor descriptor;
 };
 
-SafeFile::SafeFile(const QString &path) : d(std::make_unique<Private>(path)) {}
+SafeFile::SafeFile(const QString &path, const QString &temporaryName)
+    : d(std::make_unique<Private>(path, temporaryName))
+{
+}
 
 SafeFile::~SafeFile() = default;
 

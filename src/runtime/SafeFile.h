@@ -14,8 +14,9 @@ namespace obelmark {
 class SafeFile
 {
 public:
+    /// A temporary name that is given is that of at most one file at a time: what stands there is replaced.
     /// \throws PathNotFound, PermissionDenied, DiskFull or PathFileAccess, the description naming the file
-    explicit SafeFile(const QString &path);
+    explicit SafeFile(const QString &path, const QString &temporaryName = {});
     ~SafeFile();
     SafeFile(const SafeFile &) = delete;
     SafeFile &operator=(const SafeFile &) = delete;

@@ -111,6 +111,8 @@ private slots:
         row("alter table RptSpec drop column ismemo", u"column of its table RptSpec is missing");
         row("delete from RptSpec", u"has no fields for 'coin'");
         row("update RptSpec set datatype = 6 where specid = 3", u"'Face Value': its kind (datatype)");
+        row("update RptSpec set Desc = Desc || hex(zeroblob(9999999)) where specid = 3",
+            u"is longer than 255");
         row("update RptSpec set datatype = null where specid = 3", u"'Face Value': its kind (datatype)");
         row("update RptSpec set specid = 32768 where specid = 3",
             u"'Face Value': its number (specid) is not");

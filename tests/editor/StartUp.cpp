@@ -4,12 +4,13 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <sys/stat.h>
 
 using namespace obelmark;
 
 namespace {
 
-enum class File { Missing, Renamed, ZeroBytes, Garbage, InUse };
+enum class File { Missing, Renamed, ZeroBytes, Garbage, Pipe, InUse };
 
 }
 Q_DECLARE_METATYPE(File)
@@ -55,6 +56,20 @@ private slots:
         QCOMPARE(left, QStringList({u".hidden"_s, u".obelmark-0.tmp"_s, u"obelmark-list.tmp"_s}));
     }
 
+    void picturesFolderInTheWay()
+    {
+        EditorFixture e;
+        QVERIFY(QFile::link(u"nowhere"_s, u"images"_s));
+        const QString path = QDir::currentPath() + u"/images"_s;
+        for (const auto *what : {u"a link that leads nowhere", u"a file, and not a folder"}) {
+            e.desktop.expectMessage(u"75  The folder for the pictures cannot be made: '%1' is %2."_s.arg(
+                path, QString::fromUtf16(what)));
+            QVERIFY_THROWS_EXCEPTION(ProgramEnded, e.start());
+            QVERIFY(QFile::remove(path) && QFile::copy(u"coin.mdb"_s, path));
+        }
+        QCOMPARE(e.desktop.problems(), QStringList());
+    }
+
     void otherLetterCases()
     {
         EditorFixture e;
@@ -73,6 +88,7 @@ private slots:
         QTest::newRow("only the one before packing") << File::Renamed << u"3024  Could not find file '%1'."_s;
         QTest::newRow("zero bytes") << File::ZeroBytes << u"3343  Unrecognized database format '%1'."_s;
         QTest::newRow("garbage") << File::Garbage << u"3343  Unrecognized database format '%1'."_s;
+        QTest::newRow("named pipe") << File::Pipe << u"3343  Unrecognized database format '%1'."_s;
         QTest::newRow("in use") << File::InUse
                                 << u"There was an error accessing the database file.  Aborting..."_s;
     }
@@ -97,7 +113,7 @@ private slots:
             QVERIFY(QFile::remove(path));
             content = file == File::Garbage ? QByteArray("not a database, ").repeated(1000) : QByteArray();
             QFile written(path);
-            QVERIFY(file == File::Missing ||
+            QVERIFY(file == File::Missing || (file == File::Pipe && ::mkfifo("coin.mdb", 0600) == 0) ||
                     (written.open(QIODevice::WriteOnly) && written.write(content) >= 0));
         }
         e.desktop.expectMessage(message.contains(u"%1"_s) ? message.arg(path) : message);
