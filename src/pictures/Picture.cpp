@@ -1,7 +1,7 @@
 #include "pictures/Picture.h"
 
-#include "pictures/Metafile.h"
 #include "pictures/PictureFormat.h"
+#include "pictures/metafiles/Metafile.h"
 #include "runtime/NumberedError.h"
 #include <QBuffer>
 #include <QColorSpace>
@@ -109,7 +109,8 @@ Picture Picture::fromFile(const QString &path, const Boxes &boxes)
     if (format.kind == PictureKind::None)
         throw failure(path, u"it is no picture of a known kind"_s);
     if (format.kind == PictureKind::Wmf || format.kind == PictureKind::Emf) {
-        const QImage drawn = drawMetafile(bytes, format.kind, boxes.metafile);
+        const auto draw = format.kind == PictureKind::Wmf ? drawWmf : drawEmf;
+        const QImage drawn = draw(bytes, boxes.metafile);
         if (drawn.isNull())
             throw failure(path, damaged);
         return Picture(drawn);

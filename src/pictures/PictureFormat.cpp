@@ -1,6 +1,6 @@
 #include "pictures/PictureFormat.h"
 
-#include "pictures/ByteReader.h"
+#include "runtime/ByteReader.h"
 
 namespace obelmark {
 

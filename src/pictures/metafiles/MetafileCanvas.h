@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pictures/MetafileState.h"
+#include "pictures/metafiles/MetafileState.h"
 #include <QElapsedTimer>
 #include <QImage>
 #include <QPainter>
@@ -15,7 +15,6 @@ class MetafileCanvas
 {
 public:
     enum class Arc { Open, Chord, Pie };
-    enum Mapping { Text = 1, LowMetric = 2, Isotropic = 7, Anisotropic = 8 };
     using Points = std::vector<QPointF>;
 
     /// \a device is from the units that the window is mapped to, to pixels; \a unitsPerMm is how many of
@@ -41,8 +40,9 @@ public:
     void arc(const QRectF &rect, QPointF from, QPointF to, Arc kind, bool moves = false);
     void text(QPointF point, const QString &text);
     /// A bitmap without file header, \a source of it (its origin is at the bottom, as bitmaps have it).
-    void bitmap(const QRectF &target, const QByteArray &bitmap, const QRectF &source, quint32 operation);
-    void fill(const QRectF &rect, quint32 operation);
+    void bitmap(const QRectF &target, const QByteArray &bitmap, const QRectF &source,
+                RasterOperation operation);
+    void fill(const QRectF &rect, RasterOperation operation);
     void clip(const QRectF &rect);
 
     void beginPath();
@@ -56,7 +56,8 @@ public:
     QImage finish();
 
 private:
-    QTransform toPixels() const;
+    QTransform toPixels() const { return state.toDevice(m_unitsPerMm) * m_device; }
+    static bool isNear(const QRectF &pixels);
     void draw(const QPainterPath &path, bool filled, bool outlined);
     void applyClip();
     QPen penInPixels(const QTransform &transform) const;

@@ -1,6 +1,34 @@
-#include "pictures/MetafileState.h"
+#include "pictures/metafiles/MetafileState.h"
 
 namespace obelmark {
+
+void MetafileState::setBackgroundMode(quint32 mode)
+{
+    enum { Transparent = 1, Opaque = 2 };
+    opaque = mode == Opaque;
+}
+
+void MetafileState::setFillMode(quint32 mode)
+{
+    enum { Alternate = 1, Winding = 2 };
+    fillRule = mode == Winding ? Qt::WindingFill : Qt::OddEvenFill;
+}
+
+QTransform MetafileState::toDevice(QPointF unitsPerMm) const
+{
+    // Millimetres to a unit of the fixed modes: 0.1, 0.01, 1/100 and 1/1000 inch, 1/1440 inch.
+    constexpr double fixedModes[] = {0.1, 0.01, 0.254, 0.0254, 25.4 / 1440};
+    QPointF scale(1, 1);
+    if (mapMode >= MapMode::Isotropic) {
+        scale = {viewportExtent.x() / windowExtent.x(), viewportExtent.y() / windowExtent.y()};
+    } else if (mapMode >= MapMode::LowMetric) {
+        const double unit = fixedModes[int(mapMode) - int(MapMode::LowMetric)];
+        scale = {unit * unitsPerMm.x(), -unit * unitsPerMm.y()};
+    }
+    const QTransform page(scale.x(), 0, 0, scale.y(), viewportOrigin.x() - windowOrigin.x() * scale.x(),
+                          viewportOrigin.y() - windowOrigin.y() * scale.y());
+    return world * page;
+}
 
 QColor metafileColor(quint32 value)
 {
@@ -25,10 +53,11 @@ QBrush metafileBrush(quint32 style, quint32 color, quint32 hatch)
 {
     constexpr Qt::BrushStyle hatches[] = {Qt::HorPattern,   Qt::VerPattern,   Qt::FDiagPattern,
                                           Qt::BDiagPattern, Qt::CrossPattern, Qt::DiagCrossPattern};
+    enum { Solid = 0, Hatched = 2 };
     switch (style) {
-    case 0:
+    case Solid:
         return QBrush(metafileColor(color));
-    case 2:
+    case Hatched:
         return QBrush(metafileColor(color), hatches[hatch % std::size(hatches)]);
     default:
         return QBrush(Qt::NoBrush);

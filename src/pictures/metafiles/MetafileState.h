@@ -20,21 +20,52 @@ struct MetafileFont
 /// A pen, brush or font; nothing for an object that has no effect here (a palette).
 using MetafileObject = std::variant<std::monostate, QPen, QBrush, MetafileFont>;
 
+/// How the units of the records become those of the device.
+enum class MapMode {
+    Text = 1,
+    LowMetric,
+    HighMetric,
+    LowEnglish,
+    HighEnglish,
+    Twips,
+    Isotropic,
+    Anisotropic
+};
+
+/// What the records call a way to combine a bitmap, or the brush, with what is there already.
+enum class RasterOperation : quint32 {
+    Blackness = 0x00000042,
+    SourceAnd = 0x008800C6,
+    SourceCopy = 0x00CC0020,
+    SourcePaint = 0x00EE0086,
+    PatternCopy = 0x00F00021,
+    Whiteness = 0x00FF0062,
+};
+
 /// What a metafile sets and what it saves and restores.
 struct MetafileState
 {
+    /// The bits of \a align; without Right and Bottom texts begin and hang at their place.
+    enum Align { AtPosition = 1, Right = 2, Centre = 6, Bottom = 8, BaseLine = 24 };
+
+    /// What the records call them.
+    void setBackgroundMode(quint32 mode);
+    void setFillMode(quint32 mode);
+    /// From logical units to those of the device, of which \a unitsPerMm make a millimetre.
+    QTransform toDevice(QPointF unitsPerMm) const;
+
     QPen pen = QPen(Qt::black); ///< width in logical units, 0 for the thinnest line
     QBrush brush = QBrush(Qt::white);
     MetafileFont font;
     QColor textColor = Qt::black;
     QColor background = Qt::white;
     bool opaque = true; ///< texts have a background
-    quint32 align = 0;  ///< as in the records: 1 at the position, 6 centred, 2 right, 24 base line, 8 bottom
+    quint32 align = 0;
     Qt::FillRule fillRule = Qt::OddEvenFill;
     QPointF position;
 
     QTransform world;
-    int mapMode = 1;
+    MapMode mapMode = MapMode::Text;
     QPointF windowOrigin;
     QPointF windowExtent = {1, 1};
     QPointF viewportOrigin;
