@@ -50,7 +50,7 @@ void CoreWithoutWidgets::libraryLinksWindows_data()
     QTest::addColumn<bool>("linked");
     for (const char *core : {"runtime", "desktop", "engine", "common", "store", "backup", "old_collections"})
         QTest::newRow(core) << withoutFonts << false;
-    for (const char *logic : {"reports", "custom_reports", "find"})
+    for (const char *logic : {"reports", "custom_reports", "find", "pictures/metafiles"})
         QTest::newRow(logic) << withFonts << false;
     QTest::newRow("dates") << withFonts << true; // shows that the check sees windows where they are
 }
