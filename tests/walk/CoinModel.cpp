@@ -9,52 +9,35 @@ namespace obelmark::walk {
 
 using namespace Qt::StringLiterals;
 
-const QList<Field> fields{
-    {u"txtDescr"_s, u"descr"_s, Kind::Text, 80},
-    {u"txtCatNum"_s, u"catnum"_s, Kind::Text, 30},
-    {u"txtFace"_s, u"face"_s, Kind::Face},
-    {u"txtYear"_s, u"Year"_s, Kind::Year},
-    {u"chkWantList"_s, u"wantlist"_s, Kind::Mark},
-    {u"txtQuantity"_s, u"quantity"_s, Kind::Quantity},
-    {u"cmbCon"_s, u"conid"_s, Kind::List},
-    {u"cmbCou"_s, u"couid"_s, Kind::List},
-    {u"cmbMin"_s, u"minid"_s, Kind::List},
-    {u"cmbCat"_s, u"catid"_s, Kind::List},
-    {u"cmbTyp"_s, u"typid"_s, Kind::List},
-    {u"cmbFor"_s, u"forid"_s, Kind::List},
-    {u"txtSerNum"_s, u"SerNum"_s, Kind::Text, 80},
-    {u"txtMetal"_s, u"Metal"_s, Kind::Text, 80},
-    {u"txtErrors"_s, u"Errors"_s, Kind::Text, 50},
-    {u"dcIssueDate"_s, u"issuedate"_s, Kind::Date},
-    {u"cmbBou"_s, u"bouid"_s, Kind::List},
-    {u"txtPricePaid"_s, u"pricepaid"_s, Kind::Price},
-    {u"txtTotalPaid"_s, u"totalpaid"_s, Kind::Total},
-    {u"dcPurchaseDate"_s, u"PurchaseDate"_s, Kind::Date},
-    {u"txtCatValue"_s, u"catvalue"_s, Kind::Price},
-    {u"txtTotalVal"_s, u"totalval"_s, Kind::Total},
-    {u"dcSoldDate"_s, u"SoldDate"_s, Kind::Date},
-    {u"chkForSale"_s, u"forsale"_s, Kind::Mark},
-    {u"chkSold"_s, u"sold"_s, Kind::Mark},
-    {u"txtPriceAsk"_s, u"priceask"_s, Kind::Price},
-    {u"txtTotalSales"_s, u"totalsales"_s, Kind::Total},
-    {u"txtNotes"_s, u"notes"_s, Kind::Notes},
-    {u"txtMisc1"_s, u"misc1"_s, Kind::Text, 50},
-    {u"txtMisc2"_s, u"misc2"_s, Kind::Text, 50},
-};
+namespace {
 
-const QList<Lookup> lookups{
-    {u"category"_s, u"catid"_s, u"catdesc"_s, u"cmbCat"_s, u"category"_s, u"Category"_s, u"category"_s,
-     u"Coin Category"_s},
-    {u"condition"_s, u"conid"_s, u"Condesc"_s, u"cmbCon"_s, u"Coin condition"_s, u"Condition"_s,
-     u"condition"_s, u"Coin condition"_s},
-    {u"country"_s, u"couid"_s, u"coudesc"_s, u"cmbCou"_s, u"country"_s, u"Country"_s, u"country"_s,
-     u"country"_s},
-    {u"format"_s, u"forid"_s, u"fordesc"_s, u"cmbFor"_s, u"format"_s, u"Format"_s, u"format"_s, u"format"_s},
-    {u"mint"_s, u"minid"_s, u"mindesc"_s, u"cmbMin"_s, u"mint"_s, u"Mint"_s, u"mint"_s, u"mint"_s},
-    {u"boughtfrom"_s, u"bouid"_s, u"bouDesc"_s, u"cmbBou"_s, u"seller"_s, u"Seller (Bought From)"_s,
-     u"seller"_s, u"Coin seller"_s},
-    {u"type"_s, u"typid"_s, u"typdesc"_s, u"cmbTyp"_s, u"type"_s, u"Type"_s, u"type"_s, u"type"_s},
-};
+const QStringList kinds{u"Text"_s, u"Notes"_s,    u"Face"_s, u"Price"_s, u"Total"_s,
+                        u"Year"_s, u"Quantity"_s, u"Date"_s, u"Mark"_s,  u"List"_s};
+
+template<class Item>
+QList<Item> readItems(const QString &name)
+{
+    QList<Item> items;
+    for (const QStringList &cells : readRows(name))
+        items << Item(cells);
+    return items;
+}
+
+} // namespace
+
+Field::Field(const QStringList &cells)
+    : name(cells[0]), column(cells[1]), kind(Kind(kinds.indexOf(cells[2]))), limit(cells.value(3).toInt())
+{
+}
+
+Lookup::Lookup(const QStringList &c)
+    : table(c[0]), key(c[1]), column(c[2]), list(c[3]), asked(c[4]), title(c[5]), inUse(c[6]), noun(c[7]),
+      caption(c[8]), label(c[9]), topic(c[10].toInt())
+{
+}
+
+const QList<Field> fields = readItems<Field>(u"fields.txt"_s);
+const QList<Lookup> lookups = readItems<Lookup>(u"lookups.txt"_s);
 
 namespace {
 
@@ -154,6 +137,7 @@ void CoinModel::show()
 {
     enabled = coins.at.has_value();
     if (!enabled) {
+        m_entered.clear();
         clear();
         return;
     }

@@ -8,10 +8,11 @@ enum class Kind { Text, Notes, Face, Price, Total, Year, Quantity, Date, Mark, L
 
 struct Field
 {
+    explicit Field(const QStringList &cells);
     QString name;
     QString column;
     Kind kind;
-    int limit = 0; ///< letters that can be typed; 0: any number
+    int limit; ///< letters that can be typed; 0: any number
 };
 extern const QList<Field> fields;
 const Field &fieldNamed(const QString &name);
@@ -19,6 +20,7 @@ const Field &fieldNamed(const QString &name);
 /// A lookup list: one entry for each of the seven modes of its maintenance, from 1.
 struct Lookup
 {
+    explicit Lookup(const QStringList &cells);
     QString table;
     QString key;
     QString column;
@@ -27,6 +29,9 @@ struct Lookup
     QString title;
     QString inUse;
     QString noun;
+    QString caption;
+    QString label;
+    int topic;
 };
 extern const QList<Lookup> lookups;
 
@@ -61,6 +66,8 @@ public:
     /// The list of a table has been loaded anew.
     void reload(const Lookup &lookup);
     void tell(const QString &text, const QString &title = QStringLiteral("Obelmark"), int icon = 0);
+
+    const QString &focused() const { return m_entered; }
 
     QMap<QString, Table> &tables;
     Cursor coins;

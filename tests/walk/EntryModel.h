@@ -10,6 +10,7 @@ class EntryModel
 public:
     EntryModel(const Lookup &of, CoinModel &mainWindow);
 
+    const Lookup &lookup() const { return m_lookup; }
     void enter(const QString &name, const QString &value);
     void move(Way way);
     void addNew();

@@ -45,7 +45,7 @@ private slots:
         QFETCH(uint, seed);
         QFETCH(QString, sql);
         constexpr int latest = 25;
-        const int steps = qEnvironmentVariable("WALK_STEPS", u"400"_s).toInt();
+        const int steps = qEnvironmentVariable("WALK_STEPS", u"500"_s).toInt();
         walk::Walk walk(seed, sql);
         for (int i = 0; i < steps; ++i) {
             const QString difference = walk.step();

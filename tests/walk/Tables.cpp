@@ -1,5 +1,6 @@
 #include "walk/Tables.h"
 
+#include <QFile>
 #include <algorithm>
 
 namespace obelmark::walk {
@@ -11,6 +12,19 @@ QString fold(const QString &text)
     QString folded = text.normalized(QString::NormalizationForm_KD).toCaseFolded();
     folded.removeIf([](QChar letter) { return letter.isMark(); });
     return folded;
+}
+
+QList<QStringList> readRows(const QString &name)
+{
+    QFile file(QStringLiteral(WALK_DATA_DIR "/") + name);
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("%s cannot be read", qPrintable(name));
+    QList<QStringList> rows;
+    for (const QString &line : QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts)) {
+        if (!line.startsWith(u'#'))
+            rows << line.split(u'|');
+    }
+    return rows;
 }
 
 qint64 Table::add(Row row)

@@ -14,6 +14,9 @@ using Row = QMap<QString, QString>;
 /// How texts are compared and ordered.
 QString fold(const QString &text);
 
+/// The lines of a data file of the walk, split at "|".
+QList<QStringList> readRows(const QString &name);
+
 /// A table as it should be in the file.
 struct Table
 {

@@ -170,7 +170,12 @@ QString Walk::wordFor(Kind kind)
 
 void Walk::edit()
 {
-    const Field &field = oneOf(fields);
+    // The fields that rules are about more often than plain texts.
+    const Field *chosen = &fields[below(int(fields.size()))];
+    while (oneIn(2) &&
+           (chosen->kind == Kind::Text || chosen->kind == Kind::List || chosen->kind == Kind::Notes))
+        chosen = &fields[below(int(fields.size()))];
+    const Field &field = *chosen;
     m_done << u"edit "_s + field.name;
     auto &widget = gui::find<QWidget>(main(), field.name);
     if (field.kind == Kind::Mark) {
@@ -317,6 +322,9 @@ QString Walk::differenceInMain() const
             : u"Coin %1 of %2"_s
                   .arg(m_model.coins.table->sorted(m_model.coins.order).indexOf(*m_model.coins.at) + 1)
                   .arg(count);
+    const QString &focused = m_model.focused();
+    if (m_model.enabled && std::ranges::count(fields, focused, &Field::name) > 0)
+        all += differ(u"focus"_s, main().focusWidget()->objectName(), focused);
     return all + differ(u"place"_s, label(u"lblPosition"_s), place);
 }
 

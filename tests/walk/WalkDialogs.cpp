@@ -6,6 +6,7 @@
 #include "walk/Walk.h"
 #include "walk/WidgetText.h"
 #include <QApplication>
+#include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
@@ -209,7 +210,7 @@ void Walk::stepInEntries(EntryModel &entries, QWidget &window)
         entries.addNew();
     } else if (chance < 8) {
         const bool yes = !oneIn(4);
-        const auto &lookup = *std::ranges::find(lookups, entries.entries.table->name, &Lookup::table);
+        const Lookup &lookup = entries.lookup();
         if (entries.entries.at)
             m_desktop.answerYesNo(u"Are you sure that you want to delete this %1?"_s.arg(lookup.asked),
                                   u"Delete "_s + lookup.title,
@@ -217,7 +218,7 @@ void Walk::stepInEntries(EntryModel &entries, QWidget &window)
         click(u"cmdDelete"_s);
         entries.remove(yes);
     } else {
-        const auto &lookup = *std::ranges::find(lookups, entries.entries.table->name, &Lookup::table);
+        const Lookup &lookup = entries.lookup();
         const QString text = oneOf(QStringList{u""_s, u"E"_s, u"9 o'"_s, u"zu"_s, u"none"_s});
         m_desktop.answerText(u"Enter the %1 description to find:"_s.arg(lookup.noun), u"Find Code"_s, text);
         click(u"cmdFind"_s);
@@ -227,7 +228,17 @@ void Walk::stepInEntries(EntryModel &entries, QWidget &window)
 
 QString Walk::differenceInEntries(const EntryModel &entries, const QWidget &window) const
 {
-    QString all = differ(u"buttons"_s, visibleButtons(window), buttonsIn(entries.state, true));
+    const Lookup &lookup = entries.lookup();
+    const auto topicOf = [](const QWidget &of) { return of.property("helpTopic").toString(); };
+    const QString topic = QString::number(lookup.topic);
+    QString all = differ(u"buttons"_s, visibleButtons(window), buttonsIn(entries.state, true)) +
+                  differ(u"caption"_s, window.windowTitle(), lookup.caption) +
+                  differ(u"label"_s, gui::find<QLabel>(window, u"lblDesc"_s).text(), lookup.label) +
+                  differ(u"help topic"_s, topicOf(window) + topicOf(gui::find<QWidget>(window, u"cmdFind"_s)),
+                         topic + topic);
+    const bool hasPhone = gui::find<QWidget>(window, u"txtBouPhone"_s).isVisible();
+    if (hasPhone != entries.columns.contains(u"txtBouPhone"_s))
+        all += u"the phone is visible or not\n"_s;
     for (const QString &name : entries.columns.keys()) {
         const auto &widget = gui::find<QWidget>(window, name);
         all += differ(name, textOf(widget), entries.shown[name]);
