@@ -14,7 +14,6 @@
 #include <QScrollBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
-#include <QTextBlock>
 
 using namespace obelmark;
 using namespace Qt::StringLiterals;
@@ -26,20 +25,6 @@ const QString helpFile = QStringLiteral(HELP_FILE);
 QUrl pageOf(int topic)
 {
     return HelpBook::topicAddress(topic);
-}
-
-/// Every address that the text links to.
-QList<QUrl> linksOf(const QTextDocument &document)
-{
-    QList<QUrl> links;
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        for (auto part = block.begin(); !part.atEnd(); ++part) {
-            const QTextCharFormat format = part.fragment().charFormat();
-            if (format.isAnchor() && !format.anchorHref().isEmpty())
-                links.append(QUrl(format.anchorHref()));
-        }
-    }
-    return links;
 }
 
 } // namespace
@@ -101,41 +86,6 @@ private slots:
         QCOMPARE(browser().documentTitle(), chosen);
         m_window->showTopic(17);
         QCOMPARE(tree.currentIndex().data().toString(), u"The Sort Menu"_s);
-    }
-
-    /// No entry of the contents and no link of a page leads nowhere, and the contents list every page.
-    void everyEntryAndLinkHasItsPage()
-    {
-        HelpBook book;
-        book.setFile(helpFile);
-        QCOMPARE(book.problem(), QString());
-        auto *model = book.engine().contentModel();
-        QVERIFY(gui::waitUntil([&] { return model->rowCount() > 0; }, "the contents are listed"));
-
-        QSet<QUrl> listed;
-        const std::function<void(const QModelIndex &)> walk = [&](const QModelIndex &entry) {
-            if (entry.isValid()) {
-                const QUrl page = model->contentItemAt(entry)->url();
-                QVERIFY2(!book.data(page).isEmpty(), qPrintable(page.toString()));
-                listed.insert(page.adjusted(QUrl::RemoveFragment));
-            }
-            for (int row = 0; row < model->rowCount(entry); ++row)
-                walk(model->index(row, 0, entry));
-        };
-        walk(QModelIndex());
-
-        const QList<QUrl> pages = book.engine().files(u"obelmark.help"_s, QString(), u"html"_s);
-        QVERIFY(!pages.isEmpty());
-        for (const QUrl &page : pages) {
-            QVERIFY2(listed.contains(page), qPrintable(page.toString()));
-            QTextDocument document;
-            document.setHtml(QString::fromUtf8(book.data(page)));
-            QVERIFY2(!document.metaInformation(QTextDocument::DocumentTitle).isEmpty(),
-                     qPrintable(page.toString()));
-            for (const QUrl &link : linksOf(document))
-                QVERIFY2(!book.data(page.resolved(link)).isEmpty(),
-                         qPrintable(page.toString() + link.toString()));
-        }
     }
 
     void search_data()
