@@ -1,6 +1,7 @@
 #include "engine/DatabaseCore.h"
 #include "engine/Companions.h"
 #include "engine/EngineError.h"
+#include "engine/FileSoundness.h"
 #include "engine/LockedFile.h"
 #include "engine/OrderedTable.h"
 #include "engine/SalvageFile.h"
@@ -55,6 +56,8 @@ DatabaseCore::DatabaseCore(const QString &path, Database::Access access, const Q
         connect(access);
         m_schema.emplace(*m_connection);
         checkTables(requiredTables);
+        if (access == Database::Access::Exclusive)
+            requireSound(*m_connection, *m_schema);
         if (!sqlite3_db_readonly(m_connection->getHandle(), "main"))
             fillCompanions(*m_connection, *m_schema, access == Database::Access::Shared, progress);
         learnPlace();
@@ -76,7 +79,10 @@ void DatabaseCore::connect(Database::Access access)
         throw SQLite::Exception("attempt to write a readonly database", SQLITE_READONLY);
     m_connection->exec("pragma locking_mode = exclusive");
     // The lock is taken with the first transaction and kept.
-    m_connection->exec("begin exclusive; commit");
+    const int locked = m_connection->tryExec("begin exclusive; commit");
+    if (locked == SQLITE_READONLY && hasImpossibleVersion(m_path))
+        throw SQLite::Exception("database disk image is malformed", SQLITE_CORRUPT);
+    m_connection->check(locked);
     m_place.emplace().learn(m_path, *m_connection);
     obelmark::requireInPlace(*m_connection);
     m_connection->exec("pragma journal_mode = delete");

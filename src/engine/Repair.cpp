@@ -23,6 +23,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr QLatin1StringView unfinished("repairing");
+
 /// Puts the new file in the place of the damaged one and returns the latter's new name. Where the file system
 /// allows it, there is a file of the old name at every instant.
 QString replaceDamaged(const QString &path, const QString &newPath)
@@ -59,7 +61,7 @@ std::optional<SQLite::Database> lockAgainstOthers(const QString &path)
 
 } // namespace
 
-RepairReport repairDatabase(const QString &path, const QString &keyTable, const FileProgress &progress)
+RepairReport repairDatabase(const QString &path, const RepairPlan &plan, const FileProgress &progress)
 {
     const QString file = QFileInfo(path).canonicalFilePath();
     if (file.isEmpty())
@@ -67,18 +69,33 @@ RepairReport repairDatabase(const QString &path, const QString &keyTable, const 
     if (QFileInfo(file).size() < fileHeaderSize)
         throw EngineError(UnrecognizedFormat, path);
     settleJournal(file);
+    removeAbandonedRepair(file);
     const auto lock = lockAgainstOthers(file);
     SalvageFile damaged(file); // goes before the lock: closing a second descriptor unlocks the file
-    const QString newPath = freeName(file, "repairing"_L1);
-    const auto cleanUp = qScopeGuard([&] { QFile::remove(newPath); });
+    const QString newPath = freeName(file, unfinished);
+    const auto cleanUp = qScopeGuard([&] {
+        QFile::remove(newPath);
+        removeJournals(newPath);
+    });
 
     RepairReport report;
     report.tables = withSqlErrors({SqlActivity::Kind::Writing, newPath, {}},
-                                  [&] { return copyReadable(damaged, newPath, keyTable, progress); });
+                                  [&] { return copyReadable(damaged, newPath, plan, progress); });
+    if (plan.check)
+        plan.check(newPath);
     QFile::setPermissions(newPath, QFile::permissions(file));
     flushToDisk(newPath);
     report.damagedFilePath = replaceDamaged(file, newPath);
     return report;
+}
+
+void removeAbandonedRepair(const QString &path)
+{
+    const QFileInfo file(path);
+    const QString suffix = file.suffix().isEmpty() ? QString() : u'.' + file.suffix();
+    const QString left = file.dir().filePath(file.completeBaseName() + u'-' + unfinished + suffix);
+    QFile::remove(left);
+    removeJournals(left);
 }
 
 } // namespace obelmark

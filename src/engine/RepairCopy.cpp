@@ -1,6 +1,7 @@
 #include "engine/RepairCopy.h"
 
 #include "engine/EngineError.h"
+#include "engine/NameIndex.h"
 #include "engine/RepairTable.h"
 #include "engine/WatchedWork.h"
 #include <QHash>
@@ -15,44 +16,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct SalvagedSchema
-{
-    std::vector<SchemaObject> objects;
-    bool whole = true;
-};
-
 /// The library makes these itself.
 bool isInternal(const SchemaObject &object)
 {
     return object.name.startsWith("sqlite_"_L1, Qt::CaseInsensitive);
-}
-
-QString textOf(const SalvagedValue &value)
-{
-    const auto *text = std::get_if<std::string>(&value);
-    return text ? QString::fromStdString(*text) : QString();
-}
-
-std::int64_t integerOf(const SalvagedValue &value)
-{
-    const auto *number = std::get_if<std::int64_t>(&value);
-    return number ? *number : 0;
-}
-
-SalvagedSchema readSchema(SalvageFile &damaged)
-{
-    constexpr std::size_t columnCount = 5;
-    SalvagedSchema schema;
-    const TableLosses losses = damaged.readTable(1, columnCount, [&](const SalvagedRow &row) {
-        if (!row.complete || row.values.size() != columnCount) {
-            schema.whole = false;
-            return;
-        }
-        schema.objects.push_back({textOf(row.values[0]), textOf(row.values[1]), textOf(row.values[2]),
-                                  std::uint32_t(integerOf(row.values[3])), textOf(row.values[4])});
-    });
-    schema.whole = schema.whole && losses.none();
-    return schema;
 }
 
 /// Runs a statement of the damaged file's schema. One that makes no sense must not cost the rows.
@@ -77,52 +44,91 @@ bool hasRowIds(SQLite::Database &target, const QString &table)
     return query.executeStep();
 }
 
-QHash<QString, std::int64_t> readCounters(SalvageFile &damaged, std::uint32_t rootPage)
+using Counters = QHash<QString, std::int64_t>;
+
+void readCounters(SalvageFile &damaged, std::uint32_t rootPage, Counters &counters)
 {
-    QHash<QString, std::int64_t> counters;
-    damaged.readTable(rootPage, 2, [&](const SalvagedRow &row) {
-        if (row.values.size() == 2)
+    const auto isCounter = [](const SalvagedRow &row) {
+        return row.values.size() == 2 && std::holds_alternative<std::string>(row.values[0]) &&
+               std::holds_alternative<std::int64_t>(row.values[1]);
+    };
+    damaged.readTable(rootPage, isCounter, [&](const SalvagedRow &row) {
+        if (isCounter(row))
             counters.insert(textOf(row.values[0]), integerOf(row.values[1]));
     });
-    return counters;
+}
+
+/// Gives the rows that no table leads to to the one whose they are.
+void saveStrayRows(SalvageFile &damaged, std::vector<TableCopy> &tables)
+{
+    using enum TableCopy::Trust;
+    // First those that cannot be mistaken: of a row that is there twice, one may be what it was before.
+    damaged.readStrayPages([&](const std::vector<SalvagedRow> &rows) {
+        const auto best = std::max_element(tables.begin(), tables.end(), [&](const auto &a, const auto &b) {
+            return a.confirmed(rows) < b.confirmed(rows);
+        });
+        const std::size_t confirmed = best == tables.end() ? 0 : best->confirmed(rows);
+        if (confirmed > 0)
+            best->saveStray(rows, OnlyConfirmed);
+        return confirmed == rows.size();
+    });
+    damaged.readStrayPages([&](const std::vector<SalvagedRow> &rows) {
+        const auto only = [&](const auto &isOne) {
+            const auto table = std::find_if(tables.begin(), tables.end(), isOne);
+            const bool isUnique = table != tables.end() && std::none_of(table + 1, tables.end(), isOne);
+            return isUnique ? &*table : nullptr; // otherwise nobody's, or nobody knows whose
+        };
+        TableCopy *table = only([&](const TableCopy &each) { return each.misses(rows); });
+        if (!table)
+            table = only([&](const TableCopy &each) { return each.alike(rows) > 0; });
+        if (table)
+            table->saveStray(rows, damaged.knowsFreePages() ? InUse : MayBeFree);
+        return table != nullptr;
+    });
 }
 
 /// Makes the tables and fills them.
 std::vector<TableCopy> copyTables(SalvageFile &damaged, const SalvagedSchema &schema,
                                   SQLite::Database &target)
 {
-    QHash<QString, std::int64_t> counters;
+    Counters counters;
     std::vector<TableCopy> tables;
     for (const SchemaObject &object : schema.objects) {
-        if (object.type != "table"_L1)
+        if (object.type == "table"_L1 && !isInternal(object) && tryCreate(target, object) &&
+            hasRowIds(target, object.name))
+            tables.emplace_back(target, object);
+    }
+    SQLite::Database scratch(":memory:", SQLite::OPEN_READWRITE);
+    for (const auto type : {"table"_L1, "index"_L1}) {
+        for (const SchemaObject &object : schema.objects) {
+            if (object.type == type)
+                tryCreate(scratch, object);
+        }
+    }
+    for (const SchemaObject &object : schema.objects) {
+        if (object.type != "table"_L1 || !isInternal(object))
             continue;
         if (object.name == "sqlite_sequence"_L1)
-            counters = readCounters(damaged, object.rootPage);
-        else if (isInternal(object)) // read all the same: its pages are no stray pages
-            damaged.readTable(object.rootPage, std::numeric_limits<int>::max(), [](const SalvagedRow &) {});
-        else if (tryCreate(target, object) && hasRowIds(target, object.name))
-            tables.emplace_back(target, object).copy(damaged);
+            readCounters(damaged, object.rootPage, counters);
+        else // read all the same: its pages are no stray pages
+            damaged.readTable(
+                object.rootPage, [](const SalvagedRow &) { return true; }, [](const SalvagedRow &) {});
     }
-    if (std::any_of(tables.begin(), tables.end(), std::mem_fn(&TableCopy::hasHoles)))
-        damaged.readStrayPages([&](const std::vector<SalvagedRow> &rows) {
-            const auto fits = [&](const TableCopy &table) { return table.misses(rows); };
-            const auto table = std::find_if(tables.begin(), tables.end(), fits);
-            if (table == tables.end() || std::any_of(table + 1, tables.end(), fits))
-                return; // nobody's, or nobody knows whose
-            for (const SalvagedRow &row : rows)
-                table->save(row);
-        });
+    for (TableCopy &table : tables)
+        table.copy(damaged);
+    for (TableCopy &table : tables)
+        table.readIndexes(damaged, schema.objects, scratch);
+    saveStrayRows(damaged, tables);
     for (TableCopy &table : tables) {
-        if (!table.isWhole())
-            table.findLost(damaged, schema.objects);
-        table.setCounter(counters.value(table.name()));
+        table.finish(counters.value(table.name()));
+        table.countLost();
     }
     return tables;
 }
 
-QList<RepairReport::Table> copyInto(SQLite::Database &target, SalvageFile &damaged, const QString &keyTable)
+QList<RepairReport::Table> copyInto(SQLite::Database &target, SalvageFile &damaged, const RepairPlan &plan)
 {
-    const SalvagedSchema schema = readSchema(damaged);
+    const SalvagedSchema schema = readSchema(damaged, plan.schema);
     // Nothing need survive a crash: the file counts for nothing before it is complete.
     target.exec(
         "pragma journal_mode = memory; pragma synchronous = off; pragma ignore_check_constraints = on;"
@@ -133,9 +139,13 @@ QList<RepairReport::Table> copyInto(SQLite::Database &target, SalvageFile &damag
     {
         const std::vector<TableCopy> tables = copyTables(damaged, schema, target);
         const auto key = std::find_if(tables.begin(), tables.end(), [&](const TableCopy &table) {
-            return table.name().compare(keyTable, Qt::CaseInsensitive) == 0;
+            return table.name().compare(plan.keyTable, Qt::CaseInsensitive) == 0;
         });
-        if (key == tables.end())
+        const auto isFound = [&](const SchemaObject &object) {
+            return object.type == "table"_L1 && object.wasFound && sameName(object.name, plan.keyTable);
+        };
+        const bool wasFound = std::any_of(schema.objects.begin(), schema.objects.end(), isFound);
+        if (key == tables.end() || (!wasFound && key->report().rowsSaved == 0))
             throw EngineError(schema.whole ? UnrecognizedFormat : DatabaseDamaged, damaged.path());
         if (!key->isWhole() && key->report().rowsSaved == 0)
             throw EngineError(DatabaseDamaged, damaged.path());
@@ -156,12 +166,12 @@ QList<RepairReport::Table> copyInto(SQLite::Database &target, SalvageFile &damag
 
 } // namespace
 
-QList<RepairReport::Table> copyReadable(SalvageFile &damaged, const QString &newPath, const QString &keyTable,
+QList<RepairReport::Table> copyReadable(SalvageFile &damaged, const QString &newPath, const RepairPlan &plan,
                                         const FileProgress &progress)
 {
     SQLite::Database target(newPath.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
     return WatchedWork(target, [&] { tell(progress, FileStage::Rescuing); }).run([&] {
-        return copyInto(target, damaged, keyTable);
+        return copyInto(target, damaged, plan);
     });
 }
 

@@ -1,22 +1,14 @@
 #pragma once
 
+#include "engine/ColumnType.h"
 #include "engine/Repair.h"
-#include "engine/SalvageFile.h"
+#include "engine/RepairEvidence.h"
+#include "engine/RepairSchema.h"
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
 #include <map>
 
 namespace obelmark {
-
-/// A row of a database's table of tables, indexes and so on.
-struct SchemaObject
-{
-    QString type;
-    QString name;
-    QString table;
-    std::uint32_t rootPage = 0;
-    QString sql;
-};
 
 /// One table on its way from a damaged file into a new database, where it has been created already.
 class TableCopy
@@ -27,32 +19,50 @@ public:
 
     const QString &name() const { return m_table.name; }
     const RepairReport::Table &report() const { return m_report; }
-    /// Whether pages are missing.
-    bool hasHoles() const { return !m_losses.ranges.empty(); }
     /// Whether every row was found where it belongs.
     bool isWhole() const { return m_losses.none(); }
 
+    /// Saves the rows that the table's root leads to.
     void copy(SalvageFile &damaged);
-    /// Whether rows that no table leads to would fill a hole of this one.
+    /// Learns from the table's indexes, of all those in \a schema, which rows there were. \a scratch: a
+    /// database of the same schema.
+    void readIndexes(SalvageFile &damaged, const std::vector<SchemaObject> &schema,
+                     SQLite::Database &scratch);
+
+    /// Of rows that no table leads to, how many look like this one's.
+    std::size_t alike(const std::vector<SalvagedRow> &rows) const;
+    /// How many of them the table's indexes have.
+    std::size_t confirmed(const std::vector<SalvagedRow> &rows) const;
+    /// Whether they would fill a hole of this table.
     bool misses(const std::vector<SalvagedRow> &rows) const;
-    /// Adds a row unless there is one of that id.
-    void save(const SalvagedRow &row);
-    /// Learns from the table's indexes, of all those in \a schema, which rows there were.
-    void findLost(SalvageFile &damaged, const std::vector<SchemaObject> &schema);
-    /// Sets the counter behind every number known to have been given, \a oldCounter among them.
-    void setCounter(std::int64_t oldCounter);
+    enum class Trust { OnlyConfirmed, InUse, MayBeFree };
+    /// Saves those of them that are rows of this table now, not deleted ones or what they were before.
+    void saveStray(const std::vector<SalvagedRow> &rows, Trust trust);
+
+    /// Sets the counter behind every number known to have been given, \a oldCounter among them; gives a
+    /// number to the rows whose own is none.
+    void finish(std::int64_t oldCounter);
+    /// Counts the rows that are known to be missing.
+    void countLost();
 
 private:
+    bool isRow(const SalvagedRow &row) const;
+    bool inHole(std::int64_t id) const;
+    void save(const SalvagedRow &row);
+    bool insert(const SalvagedRow &row);
     void know(std::int64_t id);
     SQLite::Statement &insertOf(std::size_t columnCount);
 
     SQLite::Database &m_target;
     const SchemaObject &m_table;
     std::vector<std::string> m_columns;
+    std::vector<ColumnType> m_types;
     std::size_t m_rowIdColumn = std::size_t(-1);
     std::map<std::size_t, SQLite::Statement> m_inserts; ///< by the number of columns
     TableLosses m_losses;
+    RepairEvidence m_evidence;
     std::vector<std::int64_t> m_savedIds;
+    std::vector<SalvagedRow> m_unnumbered;
     std::int64_t m_highestId = 0;
     RepairReport::Table m_report;
 };

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <algorithm>
 #include <bit>
+#include <functional>
 
 namespace obelmark {
 
@@ -13,6 +14,8 @@ namespace {
 
 constexpr int leafHeaderSize = 8;
 constexpr int innerHeaderSize = 12;
+/// Enough to learn how the pages are made.
+constexpr std::uint32_t mostPagesLookedAt = 2000;
 constexpr QByteArrayView magic("SQLite format 3\0", 16);
 
 enum PageType : std::uint8_t {
@@ -56,6 +59,16 @@ public:
 
     PageType type() const { return m_type; }
     int cellCount() const { return m_cellCount; }
+    bool isInterior() const { return m_type == IndexInterior || m_type == TableInterior; }
+    /// Whether there are entries and each lies behind the list of them.
+    bool isPlausible() const
+    {
+        for (int i = 0; i < m_cellCount; ++i) {
+            if (cell(i).isEmpty())
+                return false;
+        }
+        return m_cellCount > 0;
+    }
     std::uint32_t rightChild() const { return number32(m_usable, m_header + 8); }
     /// From the cell's first byte to the end of the page; empty when the cell would not be in the page.
     QByteArrayView cell(int index) const
@@ -82,18 +95,74 @@ SalvageFile::SalvageFile(const QString &path) : m_file(path)
     if (!m_file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         throw EngineError(PermissionDenied, m_file.errorString());
     m_header = m_file.read(fileHeaderSize);
-    if (m_header.size() < fileHeaderSize || !m_header.startsWith(magic))
+    if (m_header.size() < fileHeaderSize)
         throw EngineError(UnrecognizedFormat, path);
-    m_pageSize = std::uint32_t(readBigEndian(m_header.sliced(16, 2)));
-    if (m_pageSize == 1) // 65536 does not fit the field
-        m_pageSize = 65536;
-    m_usableSize = m_pageSize - std::uint8_t(m_header[20]);
-    if (m_pageSize < 512 || !std::has_single_bit(m_pageSize) || m_usableSize < 480)
-        throw EngineError(UnrecognizedFormat, path);
-    m_pageCount = std::uint32_t((m_file.size() + m_pageSize - 1) / m_pageSize);
+    findPageSize();
+    m_claimed.resize(m_pageCount + 1);
     if (const std::uint32_t encoding = number32(m_header, 56); encoding == 2 || encoding == 3)
         m_encoding = SalvagedEncoding(encoding);
-    m_claimed.resize(m_pageCount + 1);
+    findFreePages();
+}
+
+/// What the header says when the pages agree, else the size that most of the file makes sense with.
+void SalvageFile::findPageSize()
+{
+    const auto stated = std::uint32_t(readBigEndian(m_header.sliced(16, 2)));
+    // The size that new files have comes before the others; 65536 does not fit the header's field.
+    std::vector<std::uint32_t> sizes{stated == 1 ? 65536 : stated, 4096};
+    for (std::uint32_t size = 512; size <= 65536; size *= 2)
+        sizes.push_back(size);
+    std::uint32_t best = 0;
+    qint64 most = m_header.startsWith(magic) ? -1 : 0;
+    for (const std::uint32_t size : sizes) {
+        if (size < 512 || size > 65536 || !std::has_single_bit(size))
+            continue;
+        if (const qint64 bytes = treeBytes(size); bytes > most + most / 2) {
+            most = bytes;
+            best = size;
+        }
+    }
+    if (best == 0)
+        throw EngineError(UnrecognizedFormat, path());
+    m_pageSize = m_usableSize = best;
+    m_pageCount = std::uint32_t((m_file.size() + m_pageSize - 1) / m_pageSize);
+    // Some tools keep room for themselves at the end of every page.
+    const std::uint32_t room = std::uint8_t(m_header[20]);
+    if (room != 0 && m_pageSize >= 480 + room && keepsRoomAtEnds(room))
+        m_usableSize -= room;
+}
+
+/// The first entry of a page lies at the end of what is used: there is room only where there are zeros.
+bool SalvageFile::keepsRoomAtEnds(std::uint32_t room)
+{
+    for (std::uint32_t number = 1; number <= std::min(m_pageCount, mostPagesLookedAt); ++number) {
+        const QByteArray content = readPage(number);
+        if (Page(content, m_pageSize, number).isPlausible() &&
+            content.last(room) != QByteArray(qsizetype(room), '\0'))
+            return false;
+    }
+    return true;
+}
+
+/// How much of the file's beginning looks like pages of trees when pages have that size.
+qint64 SalvageFile::treeBytes(std::uint32_t pageSize)
+{
+    m_pageSize = pageSize;
+    qint64 bytes = 0;
+    for (std::uint32_t number = 1; number <= mostPagesLookedAt; ++number) {
+        const QByteArray content = readPage(number);
+        if (content.isEmpty())
+            break;
+        if (Page(content, pageSize, number).isPlausible())
+            bytes += content.size();
+    }
+    return bytes;
+}
+
+void SalvageFile::startAnew(SalvagedEncoding encoding)
+{
+    m_encoding = encoding;
+    releaseFrom(0);
 }
 
 int SalvageFile::userVersion() const
@@ -121,7 +190,15 @@ bool SalvageFile::claim(std::uint32_t number)
     if (number == 0 || number > m_pageCount || m_claimed[number])
         return false;
     m_claimed[number] = true;
+    m_claims.push_back(number);
     return true;
+}
+
+/// Takes back the claims from that one on.
+void SalvageFile::releaseFrom(std::size_t claim)
+{
+    for (; m_claims.size() > claim; m_claims.pop_back())
+        m_claimed[m_claims.back()] = false;
 }
 
 SalvageFile::Page SalvageFile::treePage(std::uint32_t number)
@@ -130,7 +207,7 @@ SalvageFile::Page SalvageFile::treePage(std::uint32_t number)
     return bytes.isEmpty() ? Page() : Page(bytes, m_usableSize, number);
 }
 
-TableLosses SalvageFile::readTable(std::uint32_t rootPage, int columnCount, const RowVisitor &visitor)
+TableLosses SalvageFile::readTable(std::uint32_t rootPage, const RowTest &isRow, const RowVisitor &visitor)
 {
     struct Subtree
     {
@@ -159,13 +236,17 @@ TableLosses SalvageFile::readTable(std::uint32_t rootPage, int columnCount, cons
     while (!toRead.empty()) {
         const Subtree subtree = toRead.back();
         toRead.pop_back();
+        const std::size_t claimsBefore = m_claims.size();
         const Page page = treePage(subtree.page);
         if (page.type() == TableLeaf) {
-            for (int i = 0; i < page.cellCount(); ++i) {
-                if (const auto row = readRow(page, i, subtree.range, columnCount))
-                    visitor(*row);
-                else
-                    ++losses.cells;
+            const std::vector<SalvagedRow> rows = readLeaf(page, subtree.range, isRow);
+            const bool mayBeEmpty = subtree.page == rootPage;
+            if (rows.empty() && (page.cellCount() > 0 || !mayBeEmpty)) {
+                losses.ranges.push_back(subtree.range);
+                releaseFrom(claimsBefore); // it may be another's page that lies here
+            } else {
+                std::for_each(rows.begin(), rows.end(), visitor);
+                losses.cells += page.cellCount() - qsizetype(rows.size());
             }
             continue;
         }
@@ -179,53 +260,116 @@ TableLosses SalvageFile::readTable(std::uint32_t rootPage, int columnCount, cons
     return losses;
 }
 
-std::optional<SalvagedRow> SalvageFile::readRow(const Page &page, int cell, const RowRange &range,
-                                                int columnCount)
+TreeKind SalvageFile::kindOf(std::uint32_t number)
 {
-    QByteArrayView bytes = page.cell(cell);
+    if (number == 0 || number > m_pageCount)
+        return TreeKind::None;
+    switch (Page(readPage(number), m_usableSize, number).type()) {
+    case TableInterior:
+    case TableLeaf:
+        return TreeKind::Table;
+    case IndexInterior:
+    case IndexLeaf:
+        return TreeKind::Index;
+    default:
+        return TreeKind::None;
+    }
+}
+
+/// The rows of a leaf that lie within \a range and rise: of those that do not, the fewest are left out.
+/// None when no row passes the test.
+std::vector<SalvagedRow> SalvageFile::readLeaf(const Page &page, const RowRange &range, const RowTest &isRow)
+{
+    std::vector<SalvagedRow> rows;
+    bool isTable = false;
+    for (int i = 0; i < page.cellCount(); ++i) {
+        if (auto row = readRow(page, i, range)) {
+            isTable = isTable || isRow(*row);
+            rows.push_back(std::move(*row));
+        }
+    }
+    if (!isTable)
+        return {};
+    const auto rises = [](const SalvagedRow &a, const SalvagedRow &b) { return a.id < b.id; };
+    if (std::is_sorted(rows.begin(), rows.end(), rises) &&
+        std::adjacent_find(rows.begin(), rows.end(), std::not_fn(rises)) == rows.end())
+        return rows;
+    // The longest rising sequence: for each row its length up to there and the row before it.
+    std::vector<std::pair<int, int>> sequences;
+    int last = 0;
+    for (int i = 0; i < int(rows.size()); ++i) {
+        sequences.emplace_back(1, -1);
+        for (int before = 0; before < i; ++before) {
+            if (rises(rows[before], rows[i]) && sequences[before].first >= sequences[i].first)
+                sequences[i] = {sequences[before].first + 1, before};
+        }
+        if (sequences[i].first > sequences[last].first)
+            last = i;
+    }
+    std::vector<SalvagedRow> rising;
+    for (; last >= 0; last = sequences[last].second)
+        rising.push_back(std::move(rows[last]));
+    std::reverse(rising.begin(), rising.end());
+    return rising;
+}
+
+std::optional<SalvagedRow> SalvageFile::readRow(const Page &page, int cell, const RowRange &range)
+{
+    const QByteArrayView bytes = page.cell(cell);
     const Varint size = readVarint(bytes);
     const Varint id = readVarint(bytes.sliced(size.size));
     if (size.size == 0 || id.size == 0 || !range.contains(std::int64_t(id.value)))
         return {};
     const Payload payload = findPayload(bytes.sliced(size.size + id.size), size.value, m_usableSize - 35);
     const auto layout = RecordLayout::read(payload.local, size.value);
-    if (!layout || layout->columnCount() == 0 || layout->columnCount() > std::size_t(columnCount))
+    if (!layout || layout->columnCount() == 0)
         return {};
-    const QByteArray record = readPayload(payload, size.value);
-    SalvagedRow row{std::int64_t(id.value), {}, true};
-    for (std::size_t column = 0; column < layout->columnCount(); ++column) {
-        const auto value = layout->value(column, record, m_encoding);
+    SalvagedRow row = readValues(*layout, readPayload(payload, size.value));
+    row.id = std::int64_t(id.value);
+    return row;
+}
+
+SalvagedRow SalvageFile::readValues(const RecordLayout &layout, const QByteArray &record) const
+{
+    SalvagedRow row;
+    for (std::size_t column = 0; column < layout.columnCount(); ++column) {
+        const auto value = layout.value(column, record, m_encoding);
         row.complete = row.complete && value;
         row.values.push_back(value.value_or(SalvagedValue()));
     }
     return row;
 }
 
-void SalvageFile::readIndex(std::uint32_t rootPage, const std::function<void(std::int64_t)> &visitor)
+bool SalvageFile::readIndex(std::uint32_t rootPage, const std::function<void(const SalvagedRow &)> &visitor)
 {
+    bool whole = true;
     std::vector<std::uint32_t> toRead{rootPage};
     while (!toRead.empty()) {
         const Page page = treePage(toRead.back());
         toRead.pop_back();
-        const bool interior = page.type() == IndexInterior;
-        if (!interior && page.type() != IndexLeaf)
+        if (page.type() != IndexInterior && page.type() != IndexLeaf) {
+            whole = false;
             continue;
-        if (interior)
+        }
+        if (page.isInterior())
             toRead.push_back(page.rightChild());
         for (int i = 0; i < page.cellCount(); ++i) {
             QByteArrayView cell = page.cell(i);
-            if (interior && !cell.isEmpty()) {
+            if (page.isInterior() && !cell.isEmpty()) {
                 toRead.push_back(number32(cell, 0));
                 cell = cell.sliced(4);
             }
-            if (const auto id = readIndexedId(cell))
-                visitor(*id);
+            if (const auto entry = readEntry(cell))
+                visitor(*entry);
+            else
+                whole = false;
         }
     }
+    return whole;
 }
 
-/// The last column of an index entry is the id of the row.
-std::optional<std::int64_t> SalvageFile::readIndexedId(QByteArrayView cell)
+/// An entry of an index: the indexed columns and, as the last, the id of the row, which is also row.id.
+std::optional<SalvagedRow> SalvageFile::readEntry(QByteArrayView cell)
 {
     const Varint size = readVarint(cell);
     if (size.size == 0)
@@ -235,9 +379,12 @@ std::optional<std::int64_t> SalvageFile::readIndexedId(QByteArrayView cell)
     const auto layout = RecordLayout::read(payload.local, size.value);
     if (!layout || layout->columnCount() == 0)
         return {};
-    const auto id = layout->value(layout->columnCount() - 1, readPayload(payload, size.value), m_encoding);
-    const auto *number = id ? std::get_if<std::int64_t>(&*id) : nullptr;
-    return number ? std::optional(*number) : std::nullopt;
+    SalvagedRow entry = readValues(*layout, readPayload(payload, size.value));
+    const auto *id = std::get_if<std::int64_t>(&entry.values.back());
+    if (!entry.complete || !id)
+        return {};
+    entry.id = *id;
+    return entry;
 }
 
 /// Splits the bytes behind a cell's header: a payload above \a mostLocal bytes continues on overflow pages.
@@ -272,38 +419,48 @@ QByteArray SalvageFile::readPayload(const Payload &payload, std::uint64_t size)
     return result;
 }
 
-void SalvageFile::readStrayPages(const std::function<void(const std::vector<SalvagedRow> &)> &visitor)
+void SalvageFile::readStrayPages(const std::function<bool(const std::vector<SalvagedRow> &)> &visitor)
 {
-    claimFreePages();
-    for (std::uint32_t number = 2; number <= m_pageCount; ++number) {
-        if (m_claimed[number])
+    for (std::uint32_t number = 1; number <= m_pageCount; ++number) {
+        if (m_claimed[number] || m_free[number])
             continue;
-        const QByteArray bytes = readPage(number);
-        if (bytes.isEmpty() || std::uint8_t(bytes[0]) != TableLeaf)
-            continue;
+        const std::size_t claimsBefore = m_claims.size();
         const Page page = treePage(number);
         std::vector<SalvagedRow> rows;
-        for (int i = 0; i < page.cellCount(); ++i) {
-            if (auto row = readRow(page, i, {}, std::numeric_limits<int>::max()))
-                rows.push_back(std::move(*row));
-        }
-        if (!rows.empty())
-            visitor(rows);
+        if (page.type() == TableLeaf)
+            rows = readLeaf(page, {}, [](const SalvagedRow &) { return true; });
+        if (rows.empty() || !visitor(rows))
+            releaseFrom(claimsBefore);
     }
 }
 
-void SalvageFile::claimFreePages()
+/// Follows the chain of free pages, as far as it makes sense.
+void SalvageFile::findFreePages()
 {
+    m_free.assign(m_pageCount + 1, false);
+    std::uint32_t found = 0;
+    const auto mark = [&](std::uint32_t number) {
+        if (number < 2 || number > m_pageCount || m_free[number])
+            return false;
+        m_free[number] = true;
+        ++found;
+        return true;
+    };
     std::uint32_t trunk = number32(m_header, 32);
-    while (claim(trunk)) {
+    while (trunk >= 2 && trunk <= m_pageCount && !m_free[trunk]) {
         const QByteArray page = readPage(trunk);
-        if (page.isEmpty())
+        if (page.size() < qsizetype(m_usableSize))
             break;
-        const std::uint32_t count = std::min(number32(page, 4), std::uint32_t(page.size()) / 4 - 2);
+        const std::uint32_t count = number32(page, 4);
+        const std::uint32_t next = number32(page, 0);
+        if (next > m_pageCount || count > m_usableSize / 4 - 2)
+            break; // no such page
+        mark(trunk);
         for (std::uint32_t i = 0; i < count; ++i)
-            claim(number32(page, 8 + 4 * qsizetype(i)));
-        trunk = number32(page, 0);
+            mark(number32(page, 8 + 4 * qsizetype(i)));
+        trunk = next;
     }
+    m_knowsFreePages = m_header.startsWith(magic) && trunk == 0 && found == number32(m_header, 36);
 }
 
 } // namespace obelmark

@@ -28,6 +28,9 @@ struct SalvagedRow
     bool complete = true;
 };
 
+/// What a page of a tree belongs to.
+enum class TreeKind { None, Table, Index };
+
 /// What could not be read of a table.
 struct TableLosses
 {
@@ -40,30 +43,40 @@ struct TableLosses
 };
 
 /// A database file read page by page, below the SQL layer, which gives up at the first page that makes no
-/// sense. Everything is checked before it is believed: row ids against the range that the pages above a page
-/// leave to it, a record's header against its size. No page is read for two purposes, so reading ends in time
-/// proportional to the file however its links are tangled. The format is
+/// sense. Everything is checked before it is believed: the file's header against the pages, row ids against
+/// the range that the pages above a page leave to it, a record's header against its size. No page gives its
+/// rows twice, so reading ends in time proportional to the file however its links are tangled. The format is
 /// https://www.sqlite.org/fileformat2.html.
 class SalvageFile
 {
 public:
     using RowVisitor = std::function<void(const SalvagedRow &)>;
+    using RowTest = std::function<bool(const SalvagedRow &)>;
 
-    /// \throws DatabaseFileNotFound; UnrecognizedFormat when the file does not begin like a database
+    /// \throws DatabaseFileNotFound; UnrecognizedFormat when no page of the file looks like one of a database
     explicit SalvageFile(const QString &path);
 
     QString path() const { return m_file.fileName(); }
     int userVersion() const;
     int applicationId() const;
 
-    /// The rows of the table that begins at \a rootPage, in the order of their ids. Rows of more than
-    /// \a columnCount columns are none.
-    TableLosses readTable(std::uint32_t rootPage, int columnCount, const RowVisitor &visitor);
-    /// The row ids in the index that begins at \a rootPage, as far as it can be read.
-    void readIndex(std::uint32_t rootPage, const std::function<void(std::int64_t)> &visitor);
+    SalvagedEncoding encoding() const { return m_encoding; }
+    /// Takes texts for written in another encoding than the file's header says. What has been read is
+    /// forgotten.
+    void startAnew(SalvagedEncoding encoding);
+
+    TreeKind kindOf(std::uint32_t page);
+    /// The rows of the table that begins at \a rootPage, in the order of their ids. A page of which no row
+    /// passes \a isRow is not one of the table.
+    TableLosses readTable(std::uint32_t rootPage, const RowTest &isRow, const RowVisitor &visitor);
+    /// The entries of the index that begins at \a rootPage; the last value is the id of the row. Answers
+    /// whether every page and entry could be read.
+    bool readIndex(std::uint32_t rootPage, const std::function<void(const SalvagedRow &)> &visitor);
     /// The pages of table rows that no table read before has led to, because the way to them is lost. Pages
-    /// that the file has marked as free are left out.
-    void readStrayPages(const std::function<void(const std::vector<SalvagedRow> &)> &visitor);
+    /// that the file has marked as free are left out, and those whose visitor answers true from then on.
+    void readStrayPages(const std::function<bool(const std::vector<SalvagedRow> &)> &visitor);
+    /// Whether it is known which pages are free: then every other page is in use.
+    bool knowsFreePages() const { return m_knowsFreePages; }
 
 private:
     class Page;
@@ -76,12 +89,18 @@ private:
 
     QByteArray readPage(std::uint32_t number);
     bool claim(std::uint32_t number);
+    void releaseFrom(std::size_t claim);
     Page treePage(std::uint32_t number);
-    std::optional<SalvagedRow> readRow(const Page &page, int cell, const RowRange &range, int columnCount);
-    std::optional<std::int64_t> readIndexedId(QByteArrayView cell);
+    std::optional<SalvagedRow> readRow(const Page &page, int cell, const RowRange &range);
+    std::vector<SalvagedRow> readLeaf(const Page &page, const RowRange &range, const RowTest &isRow);
+    std::optional<SalvagedRow> readEntry(QByteArrayView cell);
+    SalvagedRow readValues(const RecordLayout &layout, const QByteArray &record) const;
     Payload findPayload(QByteArrayView bytes, std::uint64_t size, std::uint64_t mostLocal) const;
     QByteArray readPayload(const Payload &payload, std::uint64_t size);
-    void claimFreePages();
+    void findPageSize();
+    qint64 treeBytes(std::uint32_t pageSize);
+    bool keepsRoomAtEnds(std::uint32_t room);
+    void findFreePages();
 
     QFile m_file;
     QByteArray m_header;
@@ -90,6 +109,9 @@ private:
     std::uint32_t m_pageCount = 0;
     SalvagedEncoding m_encoding = SalvagedEncoding::Utf8;
     std::vector<bool> m_claimed;
+    std::vector<std::uint32_t> m_claims; ///< in their order
+    std::vector<bool> m_free;
+    bool m_knowsFreePages = false;
 };
 
 } // namespace obelmark

@@ -3,9 +3,18 @@
 #include "common/CatalogueSort.h"
 #include "common/SharedState.h"
 #include "common/ShownProgress.h"
+#include "engine/EngineError.h"
 #include "engine/Transaction.h"
 #include "runtime/NumberedError.h"
+#include <QFile>
+#include <QFileInfo>
 #include <array>
+
+/// A static library's resources want to be asked for.
+static void initResources()
+{
+    Q_INIT_RESOURCE(store);
+}
 
 namespace obelmark {
 
@@ -47,13 +56,37 @@ void fillCatalogueSortKeys(Database &database, const FileProgress &progress)
     transaction.commit();
 }
 
+QByteArray coinSchema()
+{
+    initResources();
+    QFile script(u":/store/coin.sql"_s);
+    if (!script.open(QIODevice::ReadOnly))
+        qFatal("The schema is missing from the program");
+    return script.readAll();
+}
+
 } // namespace
 
 std::unique_ptr<Database> openCoinDatabase(const QString &path, const FileProgress &progress)
 {
-    auto database = Database::open(path, Database::Access::Exclusive, requiredTables(), {}, progress);
-    fillCatalogueSortKeys(*database, progress);
-    return database;
+    try {
+        auto database = Database::open(path, Database::Access::Exclusive, requiredTables(), {}, progress);
+        fillCatalogueSortKeys(*database, progress);
+        removeAbandonedRepair(path);
+        return database;
+    } catch (const EngineError &error) {
+        // A damaged beginning, or a table that is gone: only the attempt to repair it shows what it is.
+        if (error.number() == UnrecognizedFormat && QFileInfo(path).isFile())
+            throw EngineError(DatabaseDamaged, path);
+        throw;
+    }
+}
+
+RepairReport repairCoinFile(const QString &path, const FileProgress &progress)
+{
+    return repairDatabase(
+        path, {u"Coin"_s, coinSchema(), [&](const QString &file) { openCoinDatabase(file, progress); }},
+        progress);
 }
 
 std::unique_ptr<Dynaset> openCoins(Database &database, int sortOrder)

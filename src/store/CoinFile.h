@@ -2,6 +2,7 @@
 
 #include "engine/Database.h"
 #include "engine/Dynaset.h"
+#include "engine/Repair.h"
 #include <QString>
 #include <memory>
 
@@ -12,6 +13,9 @@ struct SharedState;
 /// Opens the coin database exclusively and fills the catalogue sort keys that other tools have left empty.
 /// \throws what Database::open() throws
 std::unique_ptr<Database> openCoinDatabase(const QString &path, const FileProgress &progress = {});
+
+/// Repairs the closed coin database, whose tables and columns are known. \throws what repairDatabase() throws
+RepairReport repairCoinFile(const QString &path, const FileProgress &progress = {});
 
 /// All coins in one of the three sort orders: 1 description, 2 catalogue number, 3 year.
 std::unique_ptr<Dynaset> openCoins(Database &database, int sortOrder);

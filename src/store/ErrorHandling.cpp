@@ -49,8 +49,12 @@ QString repairText(const RepairReport &report)
         saved += u"\n%1: %2"_s.arg(table.name, QString::number(table.rowsSaved));
         if (table.rowsIncomplete > 0)
             saved += u", %1 of them in part"_s.arg(table.rowsIncomplete);
+        if (table.rowsRenumbered > 0)
+            saved += u", %1 of them under a new number"_s.arg(table.rowsRenumbered);
         if (table.rowsLost > 0)
             saved += u"; at least %1 lost"_s.arg(table.rowsLost);
+        else if (table.isLost)
+            saved += u"; what was in it is lost"_s;
     }
     return u"The database file was damaged and has been repaired.  The damaged file was kept as '%1'.\n\n"
            "Records saved in each table:%2"_s.arg(report.damagedFilePath, saved);
@@ -59,7 +63,7 @@ QString repairText(const RepairReport &report)
 RepairReport repairFile(SharedState &shared)
 {
     const FileProgress progress = shownProgress(shared.desktop, u"Repair"_s, false);
-    return repairDatabase(shared.DatabasePath, u"Coin"_s, progress);
+    return repairCoinFile(shared.DatabasePath, progress);
 }
 
 void repairCoinDatabase(SharedState &shared)

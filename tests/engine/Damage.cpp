@@ -186,7 +186,7 @@ void Damage::savesReadableRows()
     setFileContent(m_path, damaged);
     QCOMPARE(firstError(), int(DatabaseDamaged));
 
-    const RepairReport report = repairDatabase(m_path, u"coin"_s);
+    const RepairReport report = repairDatabase(m_path, {u"coin"_s});
     QCOMPARE(QDir(m_file->folder()).entryList(QDir::Files),
              QStringList({u"coin-damaged.mdb"_s, u"coin.mdb"_s}));
     QCOMPARE(report.damagedFilePath, m_file->folder() + u"/coin-damaged.mdb"_s);
@@ -254,7 +254,7 @@ void Damage::leavesOtherFilesAlone()
     else
         setFileContent(m_path, content);
     QCOMPARE(firstError(), error);
-    QCOMPARE(errorOf([&] { repairDatabase(m_path, u"Coin"_s); }), error);
+    QCOMPARE(errorOf([&] { repairDatabase(m_path, {u"Coin"_s}); }), error);
     const QStringList files = QDir(m_file->folder()).entryList(QDir::Files);
     QCOMPARE(files, content.isNull() ? QStringList() : QStringList(u"coin.mdb"_s));
     QVERIFY(files.isEmpty() || fileContent(m_path) == content);
@@ -270,7 +270,7 @@ void Damage::keepsEveryDamagedFile()
         setFileContent(m_path + u"-journal"_s,
                        QByteArray(pageSize, '\0')); // left by a kill between two saves
         QFile::setPermissions(m_path, QFile::ReadOwner | QFile::WriteOwner);
-        QCOMPARE(repairDatabase(m_path, u"Coin"_s).damagedFilePath, m_file->folder() + u'/' + name);
+        QCOMPARE(repairDatabase(m_path, {u"Coin"_s}).damagedFilePath, m_file->folder() + u'/' + name);
         QVERIFY(!QFile::exists(m_path + u"-journal"_s));
         QCOMPARE(QFile::permissions(m_path) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
     }
@@ -281,12 +281,12 @@ void Damage::keepsEveryDamagedFile()
         [&] { QCOMPARE(errorOf([&] { m_file->open(); }), int(FileInUse)); }();
         return stage != FileStage::Rescuing;
     };
-    QVERIFY_THROWS_EXCEPTION(FileWorkStopped, repairDatabase(m_path, u"Coin"_s, stop));
+    QVERIFY_THROWS_EXCEPTION(FileWorkStopped, repairDatabase(m_path, {u"Coin"_s}, stop));
     QVERIFY(fileContent(m_path) == damaged);
     QCOMPARE(QDir(m_file->folder()).entryList(QDir::Files), before);
-    repairDatabase(m_path, u"Coin"_s);
+    repairDatabase(m_path, {u"Coin"_s});
     const auto user = m_file->open();
-    QCOMPARE(errorOf([&] { repairDatabase(m_path, u"Coin"_s); }), int(FileInUse));
+    QCOMPARE(errorOf([&] { repairDatabase(m_path, {u"Coin"_s}); }), int(FileInUse));
 }
 
 QTEST_GUILESS_MAIN(Damage)

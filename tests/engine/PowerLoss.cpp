@@ -218,7 +218,7 @@ void PowerLoss::fullDiskStopsRepair()
         UnsyncedVfs disk;
         disk.setFreeSpace(freeSpace);
         try {
-            repairDatabase(m_path, u"Coin"_s);
+            repairDatabase(m_path, {u"Coin"_s});
             QVERIFY(freeSpace > 100'000);
             return;
         } catch (const EngineError &error) {
