@@ -113,14 +113,18 @@ void SalvageFile::findPageSize()
     for (std::uint32_t size = 512; size <= 65536; size *= 2)
         sizes.push_back(size);
     std::uint32_t best = 0;
-    qint64 most = m_header.startsWith(magic) ? -1 : 0;
+    const bool isHeaderRight = m_header.startsWith(magic);
+    int most = isHeaderRight ? -1 : 0;
     for (const std::uint32_t size : sizes) {
         if (size < 512 || size > 65536 || !std::has_single_bit(size))
             continue;
-        if (const qint64 bytes = treeBytes(size); bytes > most + most / 2) {
-            most = bytes;
-            best = size;
-        }
+        const int count = countTreePages(size);
+        if (count <= most)
+            continue;
+        most = count;
+        best = size;
+        if (size == stated && isHeaderRight && count > 0)
+            break; // a wrong bit would not leave a power of two
     }
     if (best == 0)
         throw EngineError(UnrecognizedFormat, path());
@@ -144,19 +148,19 @@ bool SalvageFile::keepsRoomAtEnds(std::uint32_t room)
     return true;
 }
 
-/// How much of the file's beginning looks like pages of trees when pages have that size.
-qint64 SalvageFile::treeBytes(std::uint32_t pageSize)
+/// How many pages of the file's beginning look like those of trees when pages have that size. In smaller ones
+/// most entries would lie beyond the end, and larger ones are fewer.
+int SalvageFile::countTreePages(std::uint32_t pageSize)
 {
     m_pageSize = pageSize;
-    qint64 bytes = 0;
+    int count = 0;
     for (std::uint32_t number = 1; number <= mostPagesLookedAt; ++number) {
         const QByteArray content = readPage(number);
         if (content.isEmpty())
             break;
-        if (Page(content, pageSize, number).isPlausible())
-            bytes += content.size();
+        count += Page(content, pageSize, number).isPlausible();
     }
-    return bytes;
+    return count;
 }
 
 void SalvageFile::startAnew(SalvagedEncoding encoding)
@@ -345,10 +349,12 @@ bool SalvageFile::readIndex(std::uint32_t rootPage, const std::function<void(con
     bool whole = true;
     std::vector<std::uint32_t> toRead{rootPage};
     while (!toRead.empty()) {
+        const std::size_t claimsBefore = m_claims.size();
         const Page page = treePage(toRead.back());
         toRead.pop_back();
         if (page.type() != IndexInterior && page.type() != IndexLeaf) {
             whole = false;
+            releaseFrom(claimsBefore); // it may be another's page that lies here
             continue;
         }
         if (page.isInterior())
@@ -406,15 +412,24 @@ QByteArray SalvageFile::readPayload(const Payload &payload, std::uint64_t size)
 {
     QByteArray result = payload.local.toByteArray();
     std::uint32_t next = payload.overflowPage;
-    while (std::uint64_t(result.size()) < size && claim(next)) {
+    while (std::uint64_t(result.size()) < size) {
+        const std::size_t claimsBefore = m_claims.size();
+        if (!claim(next))
+            break;
         const QByteArray page = readPage(next);
         if (page.isEmpty())
             break;
         const QByteArrayView content =
             QByteArrayView(page).first(std::min(page.size(), qsizetype(m_usableSize)));
         const std::uint64_t missing = size - std::uint64_t(result.size());
-        result.append(content.sliced(4, qsizetype(std::min(missing, std::uint64_t(content.size() - 4)))));
         next = number32(page, 0);
+        // The last page says that it is the last; another's page does not.
+        const bool isLast = missing <= std::uint64_t(content.size() - 4);
+        if (isLast ? next != 0 : next == 0 || next > m_pageCount) {
+            releaseFrom(claimsBefore);
+            break;
+        }
+        result.append(content.sliced(4, qsizetype(std::min(missing, std::uint64_t(content.size() - 4)))));
     }
     return result;
 }

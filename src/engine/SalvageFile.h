@@ -98,7 +98,7 @@ private:
     Payload findPayload(QByteArrayView bytes, std::uint64_t size, std::uint64_t mostLocal) const;
     QByteArray readPayload(const Payload &payload, std::uint64_t size);
     void findPageSize();
-    qint64 treeBytes(std::uint32_t pageSize);
+    int countTreePages(std::uint32_t pageSize);
     bool keepsRoomAtEnds(std::uint32_t room);
     void findFreePages();
 

@@ -19,6 +19,14 @@ QString folderTemplate()
 
 } // namespace
 
+QByteArray coinSchema()
+{
+    QFile script(QStringLiteral(OBELMARK_COIN_SQL));
+    if (!script.open(QIODevice::ReadOnly))
+        qFatal("the schema cannot be read");
+    return script.readAll();
+}
+
 CoinFile::CoinFile() : m_folder(folderTemplate())
 {
     shell(u".read "_s + QStringLiteral(OBELMARK_COIN_SQL));

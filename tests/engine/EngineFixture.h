@@ -7,6 +7,9 @@
 
 namespace obelmark {
 
+/// The SQL that the delivered file is made with.
+QByteArray coinSchema();
+
 /// A coin database of its own for each test, without coins, in memory-backed storage where there is some.
 class CoinFile
 {
