@@ -180,6 +180,17 @@ private slots:
         QTRY_COMPARE(note.text(), QDir::currentPath());
     }
 
+    void issueDateTakesTheCenturyOfTheYear()
+    {
+        EditorFixture e(twoCoins);
+        e.start();
+        e.date(u"dcIssueDate").setText(u"5/3/52"_s);
+        e.press(u"cmdUpdate");
+        e.close();
+        QCOMPARE(e.collection.query(u"select issuedate from Coin where coinid = 5"_s),
+                 QStringList(u"1852-05-03"_s));
+    }
+
     // What cannot be stored is reported and ends the program; the file keeps what it had.
     void valueThatCannotBeStoredEndsTheProgram_data()
     {

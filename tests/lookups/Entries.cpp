@@ -175,6 +175,31 @@ private slots:
         QCOMPARE(e.desktop.problems(), QStringList());
     }
 
+    // Each list looks at its own column of the coins.
+    void entryInUse()
+    {
+        const QList<QStringList> lists{{u"category"_s, u"category"_s, u"Category"_s},
+                                       {u"condition"_s, u"Coin condition"_s, u"Condition"_s},
+                                       {u"country"_s, u"country"_s, u"Country"_s},
+                                       {u"format"_s, u"format"_s, u"Format"_s},
+                                       {u"mint"_s, u"mint"_s, u"Mint"_s},
+                                       {u"boughtfrom"_s, u"seller"_s, u"Seller (Bought From)"_s},
+                                       {u"type"_s, u"type"_s, u"Type"_s}};
+        for (int mode = 1; mode <= int(lists.size()); ++mode) {
+            const QStringList &list = lists[mode - 1];
+            EditorFixture e(
+                u"delete from %1; insert into %1 (%2id, %2desc) values (901, 'x');"
+                "insert into Coin (descr, %2id) values ('Penny', 901)"_s.arg(list[0], list[0].first(3)));
+            e.start();
+            const MaintWindow w(e, mode);
+            e.desktop.answerYesNo(u"Are you sure that you want to delete this "_s + list[1] + u'?',
+                                  u"Delete "_s + list[2], Answer::Yes);
+            w.press(u"cmdDelete");
+            QCOMPARE(w.shown(), u"x"_s);
+            QVERIFY(e.desktop.calls().last().text.endsWith(u"is in use in a Coin record"));
+        }
+    }
+
     void lockedRowIsTriedAgain()
     {
         EditorFixture e(threeSellers);
