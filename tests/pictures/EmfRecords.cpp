@@ -38,9 +38,10 @@ private slots:
         QTest::addColumn<QByteArray>("records");
         QTest::addColumn<QColor>("colour");
         const auto row = [](const char *name, const QByteArray &records, QColor colour = Qt::blue) {
+            const QByteArray tooShort = emf::record(38, {1}); // and passed over
             const QByteArray bluePenAndBrush = emf::record(38, {1, 0, 16, 0, 0xFF0000}) + select(1) +
                                                emf::record(39, {2, 0, 0xFF0000, 0}) + select(2);
-            QTest::newRow(name) << emf::file(bluePenAndBrush + records) << colour;
+            QTest::newRow(name) << emf::file(tooShort + bluePenAndBrush + records) << colour;
         };
         const QByteArray toTheStart = emf::record(27, {50, 100});
         row("polyline", shape(4, {2}, {50, 100, 150, 100}));
@@ -50,13 +51,15 @@ private slots:
         row("polylines", shape(7, {2, 4, 2, 2}, {50, 100, 150, 100, 10, 10, 20, 10}));
         row("polylines of 16 bits", shape<qint16>(90, {2, 4, 2, 2}, {10, 10, 20, 10, 50, 100, 150, 100}));
         row("polygon", shape(3, {4}, {50, 50, 150, 50, 150, 150, 50, 150}));
-        row("polygons of 16 bits", shape<qint16>(91, {1, 4, 4}, {50, 50, 150, 50, 150, 150, 50, 150}));
+        row("polygons of 16 bits, one in the other, wound the same way",
+            emf::record(19, {2}) +
+                shape<qint16>(91, {2, 6, 3, 3}, {0, 0, 250, 0, 0, 250, 50, 50, 180, 50, 50, 180}));
         row("curve", shape(2, {4}, {50, 100, 80, 100, 120, 100, 150, 100}));
         row("curve of 16 bits", shape<qint16>(85, {4}, {50, 100, 80, 100, 120, 100, 150, 100}));
         row("curve to", toTheStart + shape(5, {3}, {80, 100, 120, 100, 150, 100}));
         row("curve to of 16 bits", toTheStart + shape<qint16>(88, {3}, {80, 100, 120, 100, 150, 100}));
         row("rounded rectangle", emf::record(44, {50, 50, 150, 150, 20, 20}));
-        row("pie", emf::record(47, {0, 0, 200, 200, 0, 100, 200, 100}));
+        row("pie", emf::record(47, {0, 40, 200, 200, 200, 120, 0, 120}));
         row("extended pen",
             emf::record(95, {3, 0, 0, 0, 0, 0x10000, 16, 0, 0x00FF00, 0, 0}) + select(3) +
                 shape(4, {2}, {50, 100, 150, 100}),
@@ -74,7 +77,7 @@ private slots:
         row("world as it was", transform({1, 0, 0, 1, 500, 0}, 4) + transform({1, 0, 0, 1, 0, 0}, 1) +
                                    emf::record(43, {50, 50, 150, 150}));
         row("bitmap to the device",
-            emf::record(80, bytesOf<qint32>({0, 0, 0, 0, 100, 100, 0, 0, 2, 2, 76, 40, 116, 16, 0, 0, 2}) +
+            emf::record(80, bytesOf<qint32>({0, 0, 0, 0, 100, 100, 0, 1, 2, 1, 76, 40, 116, 16, 0, 0, 2}) +
                                 smallBitmap()),
             Qt::red);
         row("fill of a block transfer",
