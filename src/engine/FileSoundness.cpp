@@ -18,6 +18,7 @@ enum HeaderField {
     FirstFreePage = 32,
     FreePageCount = 36,
     LargestRoot = 52,
+    FreesStepwise = 64,
     CountIsOf = 92
 };
 constexpr char highestVersion = 2;
@@ -79,6 +80,9 @@ bool hasSoundHeader(SQLite::Database &connection)
     const QByteArray header = file.read(0, fileHeaderSize);
     // A count written by a library too old to keep it up to date is passed over, as the library does.
     if (number(header, ChangeCounter) == number(header, CountIsOf) && number(header, PageCount) != pageCount)
+        return false;
+    // The one has a meaning only with the other.
+    if (number(header, FreesStepwise) != 0 && number(header, LargestRoot) == 0)
         return false;
     // With that field set, the second page would not be a table's.
     if (number(header, LargestRoot) != 0 &&

@@ -6,6 +6,7 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <algorithm>
 #include <map>
+#include <optional>
 
 namespace obelmark {
 
@@ -102,13 +103,15 @@ public:
         return columns;
     }
 
-    /// How many of the columns that a table is known to have it lacks when this statement makes it; all of
-    /// them when that makes no table.
-    qsizetype columnsMissing(const QString &table, const QString &sql)
+    /// How many of the columns that a table is known to have it lacks when this statement makes it; nothing
+    /// when the statement does not make it.
+    std::optional<qsizetype> columnsMissing(const QString &table, const QString &sql)
     {
         SQLite::Database scratch(":memory:", SQLite::OPEN_READWRITE);
         scratch.tryExec(sql.toStdString());
         const QStringList columns = columnsOf(scratch, table);
+        if (columns.isEmpty())
+            return {};
         const QStringList known = columnsOf(m_scratch, table);
         return std::count_if(known.begin(), known.end(),
                              [&](const QString &column) { return !columns.contains(column); });
@@ -181,9 +184,8 @@ void supply(SalvageFile &damaged, SalvagedSchema &schema, KnownSchema &known)
             object.wasFound = true;
             object.rootPage = stored->rootPage;
             // Other tools may have added columns. With a letter or two wrong it is the known table.
-            const qsizetype missing = known.columnsMissing(object.name, stored->sql);
-            const bool isForeign = schema.whole && missing > mostColumnsGarbled &&
-                                   stored->sql.startsWith("create table"_L1, Qt::CaseInsensitive);
+            const auto missing = known.columnsMissing(object.name, stored->sql);
+            const bool isForeign = missing > mostColumnsGarbled && schema.whole;
             if (object.type == "table"_L1 && (missing == 0 || isForeign))
                 object.sql = stored->sql;
         }

@@ -210,6 +210,8 @@ void TableCopy::countLost()
 void TableCopy::finish(std::int64_t oldCounter)
 {
     know(oldCounter);
+    for (const std::int64_t id : m_savedIds)
+        know(id);
     for (SalvagedRow &row : m_unnumbered) {
         row.id = m_highestId + 1;
         if (m_highestId < highestCounter && insert(row)) {

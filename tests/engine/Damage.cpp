@@ -25,6 +25,7 @@ private slots:
     void leavesOtherFilesAlone_data();
     void leavesOtherFilesAlone();
     void keepsEveryDamagedFile();
+    void keepsRowsWithImpossibleNumbers();
     void bringsBackWhatIsNotHit_data();
     void bringsBackWhatIsNotHit();
 
@@ -284,6 +285,17 @@ void Damage::keepsEveryDamagedFile()
     repairDatabase(m_path, {u"Coin"_s});
     const auto user = m_file->open();
     QCOMPARE(errorOf([&] { repairDatabase(m_path, {u"Coin"_s}); }), int(FileInUse));
+}
+
+/// A counter has 32 bits. A coin with another number, which nothing in the program could name, is noticed at
+/// the opening and gets a new one.
+void Damage::keepsRowsWithImpossibleNumbers()
+{
+    m_file->shell(u"insert into Coin (coinid, descr) values (7, 'a'), (5000000000, 'b')"_s);
+    QCOMPARE(firstError(), int(DatabaseDamaged));
+    QCOMPARE(repairDatabase(m_path, {u"Coin"_s}).tables.first().rowsRenumbered, 1);
+    QCOMPARE(m_file->shell(u"select coinid, descr from Coin"_s), u"7|a\n8|b"_s);
+    QCOMPARE(firstError(), 0);
 }
 
 void Damage::bringsBackWhatIsNotHit_data()
