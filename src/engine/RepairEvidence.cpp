@@ -30,6 +30,7 @@ void RepairEvidence::readIndex(SalvageFile &damaged, std::uint32_t rootPage, con
     std::vector<int> places(columns.size());
     std::iota(places.begin(), places.end(), 0);
     bool isAnother = false;
+    const std::size_t entriesBefore = m_entries.size();
     const bool isWhole = damaged.readIndex(rootPage, [&](const SalvagedRow &entry) {
         isAnother = isAnother || entry.values.size() != columns.size() + 1;
         if (isAnother)
@@ -37,7 +38,9 @@ void RepairEvidence::readIndex(SalvageFile &damaged, std::uint32_t rootPage, con
         m_entries.push_back(entryHash(number, entry, places));
         m_ids.push_back(entry.id);
     });
-    m_indexes.push_back({columns, isWhole && !isAnother});
+    // An empty page in the place of another looks like an index of nothing.
+    const bool hasEntries = m_entries.size() > entriesBefore;
+    m_indexes.push_back({columns, isWhole && !isAnother && hasEntries});
     m_isComplete = m_isComplete || m_indexes.back().complete;
 }
 

@@ -83,14 +83,16 @@ bool TableCopy::isRow(const SalvagedRow &row) const
 
 void TableCopy::copy(SalvageFile &damaged)
 {
+    std::int64_t tooLong = 0;
     m_losses = damaged.readTable(
         m_table.rootPage, [this](const SalvagedRow &row) { return isRow(row); },
-        [this](const SalvagedRow &row) {
+        [&](const SalvagedRow &row) {
             if (row.values.size() <= m_columns.size())
                 save(row);
             else
-                ++m_losses.cells;
+                ++tooLong;
         });
+    m_losses.cells += tooLong;
     for (const RowRange &range : m_losses.ranges)
         know(range.after);
 }
@@ -113,7 +115,6 @@ void TableCopy::readIndexes(SalvageFile &damaged, const std::vector<SchemaObject
     }
     m_evidence.finish();
     know(m_evidence.highestId());
-    std::sort(m_savedIds.begin(), m_savedIds.end());
 }
 
 std::size_t TableCopy::alike(const std::vector<SalvagedRow> &rows) const

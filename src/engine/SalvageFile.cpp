@@ -250,7 +250,7 @@ TableLosses SalvageFile::readTable(std::uint32_t rootPage, const RowTest &isRow,
                 releaseFrom(claimsBefore); // it may be another's page that lies here
             } else {
                 std::for_each(rows.begin(), rows.end(), visitor);
-                losses.cells += page.cellCount() - qsizetype(rows.size());
+                losses.cells += page.cellCount() > qsizetype(rows.size()); // the number of cells may be wrong
             }
             continue;
         }
@@ -311,8 +311,12 @@ std::vector<SalvagedRow> SalvageFile::readLeaf(const Page &page, const RowRange 
             last = i;
     }
     std::vector<SalvagedRow> rising;
-    for (; last >= 0; last = sequences[last].second)
-        rising.push_back(std::move(rows[last]));
+    for (; last >= 0; last = sequences[last].second) {
+        // Of two rows of one id, the first is the misread one when there is no room for it behind.
+        const bool isTwice = last + 2 < int(rows.size()) && rows[last].id == rows[last + 1].id &&
+                             rows[last + 2].id == rows[last].id + 1;
+        rising.push_back(rows[isTwice ? last + 1 : last]);
+    }
     std::reverse(rising.begin(), rising.end());
     return rising;
 }

@@ -36,7 +36,7 @@ struct TableLosses
 {
     /// The rows of pages that are lost; a lost root is the whole range.
     std::vector<RowRange> ranges;
-    /// Rows in pages that are there, with a beginning that is not.
+    /// Pages that are there and of which a row at least is not.
     std::int64_t cells = 0;
 
     bool none() const { return ranges.empty() && cells == 0; }

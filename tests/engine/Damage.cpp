@@ -365,7 +365,9 @@ void Damage::bringsBackWhatIsNotHit()
         const RepairReport report = repairDatabase(m_path, {u"Coin"_s, coinSchema(), open});
         QFile::remove(report.damagedFilePath);
         const StoredRows saved = storedRows(m_path);
-        const auto told = qPrintable(u"round %1: %2 of %3"_s.arg(round).arg(saved.size()).arg(coins.size()));
+        const QByteArray text =
+            u"round %1: %2 of %3"_s.arg(round).arg(saved.size()).arg(coins.size()).toUtf8();
+        const char *told = text.constData();
         qsizetype wrong = 0;
         for (const auto &[id, columns] : saved) {
             const QByteArrayList &row = coins.at(id);
