@@ -67,6 +67,10 @@ void Program::lookAfterFile()
 
 void Program::withoutMainWindow(const std::function<void()> &work)
 {
+    // With the database closed, what is in no file any more would be gone.
+    m_window->requireFile();
+    if (m_shared.CoinDatabase && m_shared.CoinDatabase->fileState() != FileState::InPlace)
+        return;
     const QRect place = m_window->geometry();
     const Qt::WindowStates state = m_window->windowState();
     m_window->Form_Unload();

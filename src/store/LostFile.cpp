@@ -128,9 +128,8 @@ void saveElsewhere(SharedState &shared, const QString &whatHappened)
     reopen(shared);
     shared.desktop.showMessage(
         u"The collection has been saved as '%1', and the program goes on with that file until it ends.  When "
-        u"it "
-        "is started again, it opens the file '%2', as always.\n\nA record that you are typing is still on "
-        "the screen and not saved yet."_s.arg(*saved, lost),
+        "it is started again, it opens the file '%2', as always.\n\nIf you were typing a record, it is still "
+        "on the screen and not saved yet."_s.arg(*saved, lost),
         boxTitle());
 }
 

@@ -160,6 +160,29 @@ private slots:
         qDeleteAll(lists);
     }
 
+    // Closing the database for a backup would lose a collection that is in no file any more.
+    void backupOfALostFile()
+    {
+        RunningProgram p;
+        const QPointer<frmMain> before = p.program->mainWindow();
+        const QString file = p.shared->DatabasePath;
+        QVERIFY(QFile::rename(file, file + u".away"_s));
+        p.desktop.answerYesNo(
+            u"'%1', the file of the collection, is not there any more: it was deleted or given another name "
+            u"while "
+            "this program was using it.\n\nNothing can be saved in it any more.  All that was saved before "
+            "is still "
+            "known to this program, until it ends.\n\nDo you wish to save the collection in a new file, "
+            "'%2'?"_s.arg(file, QString(file).replace(u"coin.mdb"_s, u"coin-saved.mdb"_s)),
+            u"Collection File"_s, Answer::No);
+        gui::trigger(p.main(), u"mnuBackup"_s);
+        QTest::qWait(1);
+        QCOMPARE(p.program->mainWindow(), before);
+        QVERIFY(p.shared->CoinDatabase);
+        QCOMPARE(p.desktop.problems(), QStringList());
+        QVERIFY(QFile::rename(file + u".away"_s, file));
+    }
+
     void windowLeftOpen()
     {
         RunningProgram p;

@@ -24,8 +24,7 @@ const QString question =
     "until it ends.\n\nDo you wish to save the collection in a new file, '%1'?"_s;
 const QString goesOn =
     u"The collection has been saved as '%1', and the program goes on with that file until it ends.  When it "
-    u"is "
-    "started again, it opens the file '%2', as always.\n\nA record that you are typing is still on the "
+    "is started again, it opens the file '%2', as always.\n\nIf you were typing a record, it is still on the "
     "screen and not saved yet."_s;
 const QString overwritten =
     u"Another program has written into '%1', the file of the collection, while this program was using it.\n\n"
