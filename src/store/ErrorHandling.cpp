@@ -37,11 +37,6 @@ void reportAndEnd(SharedState &shared, const QString &text)
     endProgram(shared);
 }
 
-QString numberAndText(const NumberedError &error)
-{
-    return u"%1  %2"_s.arg(QString::number(error.number()), error.description());
-}
-
 QString repairText(const RepairReport &report)
 {
     QString saved;
@@ -88,6 +83,11 @@ bool isAboutFile(const NumberedError &error)
 }
 
 } // namespace
+
+QString numberAndText(const NumberedError &error)
+{
+    return u"%1  %2"_s.arg(QString::number(error.number()), error.description());
+}
 
 void endProgram(SharedState &shared)
 {

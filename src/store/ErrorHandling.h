@@ -13,6 +13,9 @@ struct SharedState;
 /// and ends the program.
 void DbErrorHandler(SharedState &shared, const NumberedError &error);
 
+/// An error as the user is told of it: the number, two blanks, the description.
+QString numberAndText(const NumberedError &error);
+
 /// Ends the program at once, without unloading a window. The database is let go of first, so that no journal
 /// stays beside it; what has not been committed is not saved.
 [[noreturn]] void endProgram(SharedState &shared);

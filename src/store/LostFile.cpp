@@ -22,11 +22,6 @@ QString boxTitle()
     return u"Collection File"_s;
 }
 
-QString numberAndText(const NumberedError &error)
-{
-    return QString::number(error.number()) + u"  "_s + error.description();
-}
-
 /// The file is opened at DatabasePath; as long as that fails, the user may help and have it tried again, so
 /// that nothing typed is lost.
 void reopen(SharedState &shared)
