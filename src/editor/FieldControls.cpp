@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int longestQuotation = 20;
+constexpr int longestQuotation = 12;
 
 QString savedAs(const QString &text)
 {
@@ -30,16 +30,12 @@ QString noValue(const QString &text, const QString &kind, bool isChecked)
     return u"'%1' is not a %2%3"_s.arg(quoted, kind, isChecked ? u"."_s : u"; it will be saved empty."_s);
 }
 
-QString outOfRange(const QString &least, const QString &most)
-{
-    return u"must lie between %1 and %2."_s.arg(least, most);
-}
-
 template<class Integer>
 QString outOfRange(const RegionalSettings &regional)
 {
     using Limits = std::numeric_limits<Integer>;
-    return outOfRange(regional.locale().toString(Limits::min()), regional.locale().toString(Limits::max()));
+    return u"must lie between %1 and %2."_s.arg(regional.locale().toString(Limits::min()),
+                                                regional.locale().toString(Limits::max()));
 }
 
 /// The numbers in a text, in any digits and without leading zeros.
@@ -60,11 +56,32 @@ QStringList numbersIn(const QString &text)
     return numbers;
 }
 
-/// Whether a whole number is written out in the text: 1,878 is 1878, but 1.9E3, 1878D1 and 1878- are not.
-bool isWrittenOut(const QString &number, const QString &text)
+QString significantDigits(const QString &text)
 {
-    return numbersIn(text).join(QString()) == numbersIn(number).join(QString()) &&
-           text.trimmed().startsWith(u'-') == number.startsWith(u'-');
+    QString digits;
+    for (const QChar letter : text) {
+        const int digit = letter.digitValue();
+        if (digit > 0 || (digit == 0 && !digits.isEmpty()))
+            digits += QChar(u'0' + digit);
+    }
+    while (digits.endsWith(u'0'))
+        digits.chop(1);
+    return digits;
+}
+
+bool endsWithMinus(const QString &text)
+{
+    const QString plain = text.trimmed();
+    return plain.endsWith(u'-') || plain.endsWith(QChar(0x2212));
+}
+
+/// What there is to say of a number that is going to be saved as another text says: nothing when the number
+/// is written out, 1,878 or $1878. In 2.505, 1.9E3 and 1878- there is more than one sees at once.
+QString numberRemark(const QString &typed, const QString &saved)
+{
+    const bool isWrittenOut = significantDigits(typed) == significantDigits(saved) &&
+                              (!endsWithMinus(typed) || endsWithMinus(saved));
+    return isWrittenOut ? QString() : savedAs(saved);
 }
 
 } // namespace
@@ -86,6 +103,14 @@ void MoneyControl::show(const Value &stored)
         showText(QString());
 }
 
+QString beyondMoney(bool isNegative, const RegionalSettings &regional)
+{
+    using Limits = std::numeric_limits<qint64>;
+    const qint64 limit = isNegative ? Limits::min() : Limits::max();
+    return (isNegative ? u"must not be below %1."_s : u"must not exceed %1."_s)
+        .arg(formatCurrency(Money::fromTenThousandths(limit), regional));
+}
+
 Value MoneyControl::value() const
 {
     if (isUntouched())
@@ -98,6 +123,8 @@ Value MoneyControl::value() const
 QString MoneyControl::remark(bool isChecked) const
 {
     const RegionalSettings &regional = m_shared.regional;
+    if (m_foresight)
+        return m_foresight();
     if (text().isEmpty() || isUntouched())
         return {};
     if (!isNumeric(text(), regional))
@@ -106,11 +133,9 @@ QString MoneyControl::remark(bool isChecked) const
     try {
         Money::fromText(left, regional);
     } catch (const NumberedError &) {
-        using Limits = std::numeric_limits<qint64>;
-        return outOfRange(formatCurrency(Money::fromTenThousandths(Limits::min()), regional),
-                          formatCurrency(Money::fromTenThousandths(Limits::max()), regional));
+        return beyondMoney(toDouble(left, regional) < 0, regional);
     }
-    return toDouble(left, regional) == toDouble(text(), regional) ? QString() : savedAs(left);
+    return numberRemark(text(), left);
 }
 
 QString MoneyControl::text() const
@@ -160,12 +185,11 @@ QString NumberControl::remark(bool isChecked) const
 {
     const QString text = edit()->text();
     if (text.isEmpty())
-        return {};
+        return m_size == Size::Bits32 ? u"must not be empty."_s : QString();
     if (!isNumeric(text, m_shared.regional))
         return noValue(text, u"number"_s, isChecked);
     try {
-        const QString saved = plainNumber(value().toInt(), m_shared.regional);
-        return isWrittenOut(saved, text) ? QString() : savedAs(saved);
+        return numberRemark(text, plainNumber(value().toInt(), m_shared.regional));
     } catch (const NumberedError &) {
         return m_size == Size::Bits32 ? outOfRange<qint32>(m_shared.regional)
                                       : outOfRange<qint16>(m_shared.regional);

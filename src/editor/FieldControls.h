@@ -15,6 +15,9 @@ struct SharedState;
 /// Money as far as a floating number goes: it can be shown, and is refused when the coin is saved.
 QString moneyText(const QString &number, const RegionalSettings &regional);
 
+/// Says of an amount that is going to be saved that it is beyond the range of Money.
+QString beyondMoney(bool isNegative, const RegionalSettings &regional);
+
 class MoneyControl : public LineControl
 {
 public:
@@ -30,14 +33,17 @@ public:
     void showExactly(Money amount);
     /// Shows a text of the user's as money; from then on the amount is what the text says.
     void showText(const QString &text);
+    /// What remark() says of a total: it will be another one by the time it is saved.
+    void setForesight(std::function<QString()> foresight) { m_foresight = std::move(foresight); }
 
 private:
     const SharedState &m_shared;
+    std::function<QString()> m_foresight;
     QString m_shownText;
     std::optional<Money> m_shownAmount;
 };
 
-/// A whole number: the year (16 bits) or the quantity (32 bits).
+/// A whole number: the year (16 bits) or the quantity (32 bits), which must not be empty.
 class NumberControl : public LineControl
 {
 public:

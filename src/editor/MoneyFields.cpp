@@ -38,6 +38,7 @@ MoneyFields::MoneyFields(QWidget &window, CoinFields &fields, EntryWatch &watch,
         const Unit unit{&fields.money(QString::fromUtf16(row.price)),
                         &fields.money(QString::fromUtf16(row.total))};
         m_units.push_back(unit);
+        unit.total->setForesight([this, unit] { return foresee(unit); });
         watch.watch(unit.price->widget(),
                     {selectAll(unit.price->widget()), [this, unit] { return leaveUnit(unit); }, {}});
         auto *next = window.findChild<QWidget *>(QString::fromUtf16(row.afterTotal));
@@ -125,17 +126,36 @@ void MoneyFields::showTotal(const Unit &unit)
     if (!isNumber(quantity))
         return;
     try {
-        if (unit.price->isUntouched()) {
-            // The total of a stored price is exact to its last decimal, like the price.
-            const Value price = unit.price->value();
-            unit.total->showExactly(price.as<Money>()->times(Money::fromText(quantity, regional)));
-        } else {
-            const Money price = Money::fromText(unit.price->text(), regional);
-            unit.total->showText(formatCurrency(price.times(Money::fromText(quantity, regional)), regional));
-        }
+        const Value price = unit.price->value();
+        const Money total = price.as<Money>()->times(Money::fromText(quantity, regional));
+        // The total of a stored price is exact to its last decimal, like the price.
+        if (unit.price->isUntouched())
+            unit.total->showExactly(total);
+        else
+            unit.total->showText(formatCurrency(total, regional));
     } catch (const NumberedError &) {
         unit.total->showText(
             formatCurrency(toDouble(unit.price->text(), regional) * toDouble(quantity, regional), regional));
+    }
+}
+
+QString MoneyFields::foresee(const Unit &unit) const
+{
+    Money price;
+    Money quantity;
+    if (!isNumber(unit.price->text()) || !isNumber(m_quantity->text()))
+        return {};
+    try {
+        price = *unit.price->value().as<Money>();
+        quantity = Money::fromWhole(toInt32(m_quantity->text(), m_shared.regional));
+    } catch (const NumberedError &) {
+        return {}; // told at the field itself
+    }
+    try {
+        price.times(quantity);
+        return {};
+    } catch (const NumberedError &) {
+        return beyondMoney((price < Money()) != (quantity < Money()), m_shared.regional);
     }
 }
 

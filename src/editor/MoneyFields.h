@@ -36,6 +36,7 @@ private:
     std::optional<EntryWatch::Refusal> leaveQuantity();
     void recomputeTotals();
     void showTotal(const Unit &unit);
+    QString foresee(const Unit &unit) const;
     bool isNumber(const QString &text) const;
 
     SharedState &m_shared;

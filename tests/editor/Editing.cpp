@@ -145,12 +145,17 @@ private slots:
         row(u"txtYear"_s, u"1878-S"_s, u"Year: '1878-S' is not a number; it will be saved empty."_s);
         row(u"txtYear"_s, u"1878-"_s, u"Year: will be saved as -1878."_s);
         row(u"txtYear"_s, u"40000"_s, u"Year: must lie between -32,768 and 32,767."_s);
-        row(u"txtYear"_s, u"1,878"_s, QString());
+        row(u"txtYear"_s, u"1,000"_s, QString());
         row(u"txtQuantity"_s, u"2.5"_s, u"Quantity: will be saved as 2."_s);
+        row(u"txtQuantity"_s, u"1e3"_s, u"Quantity: will be saved as 1000."_s);
         row(u"txtQuantity"_s, u"two"_s, u"Quantity: 'two' is not a number."_s);
+        row(u"txtQuantity"_s, QString(), u"Quantity: must not be empty."_s);
         row(u"txtPricePaid"_s, u"2.505"_s, u"Price Paid: will be saved as $2.51."_s);
-        row(u"txtPricePaid"_s, u"1e30"_s,
-            u"Price Paid: must lie between ($922,337,203,685,477.58) and $922,337,203,685,477.58."_s);
+        row(u"txtPricePaid"_s, u"1e3"_s, u"Price Paid: will be saved as $1,000.00."_s);
+        row(u"txtPricePaid"_s, u"922337203685477.5808"_s,
+            u"Price Paid: must not exceed $922,337,203,685,477.58."_s);
+        row(u"txtPricePaid"_s, u"-900000000000000"_s,
+            u"Total Paid: must not be below ($922,337,203,685,477.58)."_s);
         row(u"txtPricePaid"_s, u"2.5"_s, QString());
         row(u"dcIssueDate"_s, u"1/1/2002"_s, u"Issue Date: will be saved as 1/1/1902."_s);
         row(u"dcIssueDate"_s, u"13/13"_s, u"Issue Date: '13/13' is not a date."_s);
@@ -164,12 +169,13 @@ private slots:
         QFETCH(QString, field);
         QFETCH(QString, text);
         QFETCH(QString, hint);
-        EditorFixture e(u"insert into Coin (descr, quantity, year) values ('Alpha', 1, 1902)"_s);
+        EditorFixture e(u"insert into Coin (descr, quantity, year) values ('Alpha', 5, 1902)"_s);
         e.start();
         e.typeInto(field, text);
         const auto &note = e.the<QLabel>(u"lblNote");
         QTRY_COMPARE(note.text(), hint.isEmpty() ? QDir::currentPath() : hint);
-        QCOMPARE(e.the<QWidget>(field).accessibleDescription(), hint);
+        const QString told = hint.startsWith(u"Total"_s) ? u"txtTotalPaid"_s : field;
+        QCOMPARE(e.the<QWidget>(told).accessibleDescription(), hint);
         if (!hint.contains(u"saved"_s))
             return;
         e.press(u"cmdUpdate");
