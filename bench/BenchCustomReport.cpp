@@ -5,8 +5,8 @@
 #include "common/SharedState.h"
 #include "custom_reports/ReportDefinition.h"
 #include "custom_reports/ReportGenerator.h"
-#include "reports/ReportDocument.h"
-#include "reports/ReportPreview.h"
+#include "documents/ReportDocument.h"
+#include "documents/ReportPreview.h"
 #include "store/CoinFile.h"
 #include "support/ScriptedDesktop.h"
 #include <QCoreApplication>

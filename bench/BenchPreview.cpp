@@ -1,7 +1,7 @@
 // bench_preview: the pages of large reports, from the first row to the PDF file.
 #include "Comparison.h"
-#include "reports/PageSetup.h"
-#include "reports/ReportDocument.h"
+#include "documents/PageSetup.h"
+#include "documents/ReportDocument.h"
 #include <QApplication>
 #include <QImage>
 #include <QPainter>

@@ -3,9 +3,9 @@
 #include "Collections.h"
 #include "Comparison.h"
 #include "common/SharedState.h"
+#include "documents/ReportDocument.h"
+#include "documents/ReportPreview.h"
 #include "reports/CannedReports.h"
-#include "reports/ReportDocument.h"
-#include "reports/ReportPreview.h"
 #include "store/CoinFile.h"
 #include "support/ScriptedDesktop.h"
 #include <QCoreApplication>

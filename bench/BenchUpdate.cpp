@@ -4,7 +4,7 @@
 #include "EngineBenches.h"
 #include "PlainSqlite.h"
 #include "common/CatalogueSort.h"
-#include "engine/TextFold.h"
+#include "engine/language/TextFold.h"
 #include "store/CoinFile.h"
 #include <stdexcept>
 

@@ -2,7 +2,7 @@
 
 #include "PlainSqlite.h"
 #include "common/CatalogueSort.h"
-#include "engine/TextFold.h"
+#include "engine/language/TextFold.h"
 #include "store/CoinFile.h"
 #include <QDate>
 #include <QFile>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/Dynaset.h"
+#include "engine/rows/Dynaset.h"
 #include <array>
 #include <benchmark/benchmark.h>
 #include <string>

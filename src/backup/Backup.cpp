@@ -1,10 +1,10 @@
 #include "backup/Backup.h"
 
 #include "common/TextHelpers.h"
-#include "engine/FolderSteps.h"
-#include "engine/JournalFiles.h"
-#include "engine/LockedFile.h"
-#include "engine/VerifiedCopy.h"
+#include "engine/care/FolderSteps.h"
+#include "engine/care/JournalFiles.h"
+#include "engine/care/LockedFile.h"
+#include "engine/care/VerifiedCopy.h"
 #include "runtime/NumberedError.h"
 #include "runtime/SafeFile.h"
 #include <QDir>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "desktop/Desktop.h"
-#include "engine/FileProgress.h"
+#include "engine/care/FileProgress.h"
 #include <QString>
 
 namespace obelmark {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/Database.h"
+#include "engine/rows/Database.h"
 #include "runtime/Dates.h"
 #include "runtime/RegionalSettings.h"
 #include <QString>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/FileProgress.h"
+#include "engine/care/FileProgress.h"
 #include <QString>
 
 namespace obelmark {

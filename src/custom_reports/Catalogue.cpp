@@ -1,10 +1,10 @@
 #include "custom_reports/Catalogue.h"
 
 #include "common/TextHelpers.h"
-#include "engine/Database.h"
-#include "engine/EngineError.h"
-#include "engine/NameIndex.h"
-#include "engine/TextFold.h"
+#include "engine/language/EngineError.h"
+#include "engine/language/NameIndex.h"
+#include "engine/language/TextFold.h"
+#include "engine/rows/Database.h"
 #include <QHash>
 #include <algorithm>
 #include <limits>

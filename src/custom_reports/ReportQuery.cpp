@@ -1,8 +1,8 @@
 #include "custom_reports/ReportQuery.h"
 
 #include "custom_reports/ReportDefinition.h"
-#include "engine/EngineError.h"
-#include "engine/NameIndex.h"
+#include "engine/language/EngineError.h"
+#include "engine/language/NameIndex.h"
 #include "runtime/Decimal.h"
 #include <algorithm>
 

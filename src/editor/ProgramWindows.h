@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/windows/OutputWindow.h"
+#include "documents/windows/OutputWindow.h"
 #include <QPointer>
 #include <memory>
 

@@ -4,7 +4,7 @@
 #include "common/SharedState.h"
 #include "desktop/Desktop.h"
 #include "editor/CoinFields.h"
-#include "engine/Transaction.h"
+#include "engine/rows/Transaction.h"
 #include "pictures/PictureFiles.h"
 #include "runtime/Numbers.h"
 #include "store/CoinFile.h"

@@ -1,7 +1,7 @@
 #include "forms/Browsing.h"
 
 #include "desktop/Desktop.h"
-#include "engine/Dynaset.h"
+#include "engine/rows/Dynaset.h"
 
 namespace obelmark {
 

@@ -1,7 +1,7 @@
 #include "old_collections/FileExchange.h"
 
-#include "engine/FolderSteps.h"
-#include "engine/JournalFiles.h"
+#include "engine/care/FolderSteps.h"
+#include "engine/care/JournalFiles.h"
 #include "runtime/NumberedError.h"
 #include "runtime/SafeFile.h"
 #include <QDir>

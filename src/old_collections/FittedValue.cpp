@@ -1,6 +1,6 @@
 #include "old_collections/FittedValue.h"
 
-#include "engine/SqlValue.h"
+#include "engine/language/SqlValue.h"
 #include "runtime/NumberedError.h"
 #include "runtime/RegionalSettings.h"
 #include <QLocale>

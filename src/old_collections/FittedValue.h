@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/ColumnType.h"
+#include "engine/language/ColumnType.h"
 #include "runtime/Value.h"
 #include <optional>
 

@@ -1,10 +1,10 @@
 #include "old_collections/NewFile.h"
 
-#include "engine/EngineError.h"
-#include "engine/ErrorMapping.h"
-#include "engine/NameIndex.h"
-#include "engine/Schema.h"
-#include "engine/SqlValue.h"
+#include "engine/care/ErrorMapping.h"
+#include "engine/language/EngineError.h"
+#include "engine/language/NameIndex.h"
+#include "engine/language/Schema.h"
+#include "engine/language/SqlValue.h"
 #include "old_collections/FittedValue.h"
 #include "runtime/SafeFile.h"
 #include <QMap>

@@ -1,6 +1,6 @@
 #include "old_collections/OldFileReader.h"
 
-#include "engine/NameIndex.h"
+#include "engine/language/NameIndex.h"
 #include "old_collections/OldValues.h"
 #include <QFile>
 #include <QtEndian>

@@ -2,7 +2,7 @@
 
 #include "common/TextHelpers.h"
 #include "desktop/Desktop.h"
-#include "engine/JournalFiles.h"
+#include "engine/care/JournalFiles.h"
 #include "old_collections/FileExchange.h"
 #include "old_collections/NewFile.h"
 #include "old_collections/OldFile.h"

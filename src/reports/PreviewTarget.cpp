@@ -2,7 +2,7 @@
 
 #include "common/SharedState.h"
 #include "desktop/Desktop.h"
-#include "reports/ReportPreview.h"
+#include "documents/ReportPreview.h"
 
 namespace obelmark {
 

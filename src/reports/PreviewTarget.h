@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/ReportDocument.h"
+#include "documents/ReportDocument.h"
 #include "reports/ReportTarget.h"
 
 namespace obelmark {

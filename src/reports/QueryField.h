@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/Snapshot.h"
+#include "engine/rows/Snapshot.h"
 
 namespace obelmark {
 

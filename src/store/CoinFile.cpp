@@ -3,8 +3,8 @@
 #include "common/CatalogueSort.h"
 #include "common/SharedState.h"
 #include "common/ShownProgress.h"
-#include "engine/EngineError.h"
-#include "engine/Transaction.h"
+#include "engine/language/EngineError.h"
+#include "engine/rows/Transaction.h"
 #include "runtime/NumberedError.h"
 #include <QFile>
 #include <QFileInfo>

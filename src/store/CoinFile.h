@@ -1,8 +1,8 @@
 #pragma once
 
-#include "engine/Database.h"
-#include "engine/Dynaset.h"
-#include "engine/Repair.h"
+#include "engine/care/Repair.h"
+#include "engine/rows/Database.h"
+#include "engine/rows/Dynaset.h"
 #include <QString>
 #include <memory>
 

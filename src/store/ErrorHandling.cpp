@@ -3,8 +3,8 @@
 #include "common/SharedState.h"
 #include "common/ShownProgress.h"
 #include "desktop/Desktop.h"
-#include "engine/EngineError.h"
-#include "engine/Repair.h"
+#include "engine/care/Repair.h"
+#include "engine/language/EngineError.h"
 #include "store/CoinFile.h"
 #include "store/LostFile.h"
 

@@ -4,8 +4,8 @@
 #include "common/ShownProgress.h"
 #include "common/TextHelpers.h"
 #include "desktop/Desktop.h"
-#include "engine/EngineError.h"
-#include "engine/FreeName.h"
+#include "engine/care/FreeName.h"
+#include "engine/language/EngineError.h"
 #include "store/CoinFile.h"
 #include "store/ErrorHandling.h"
 #include <QDir>

@@ -2,7 +2,7 @@
 #include "backup/FileFaults.h"
 #include "backup/Packing.h"
 #include "common/SharedState.h"
-#include "engine/EngineError.h"
+#include "engine/language/EngineError.h"
 #include "support/ScriptedDesktop.h"
 #include "support/TestCollection.h"
 #include <QDir>

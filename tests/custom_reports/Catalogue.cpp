@@ -1,7 +1,7 @@
 #include "custom_reports/Catalogue.h"
 #include "custom_reports/ReportFile.h"
 #include "custom_reports/ReportQuery.h"
-#include "engine/Database.h"
+#include "engine/rows/Database.h"
 #include "runtime/RegionalSettings.h"
 #include <QDir>
 #include <QFile>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "reports/ReportDocument.h"
-#include "reports/ReportPreview.h"
+#include "documents/ReportDocument.h"
+#include "documents/ReportPreview.h"
 
 namespace obelmark {
 

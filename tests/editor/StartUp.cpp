@@ -1,5 +1,5 @@
 #include "EditorFixture.h"
-#include "engine/Database.h"
+#include "engine/rows/Database.h"
 #include "lookups/frmCodesMaint.h"
 #include <QApplication>
 #include <QDir>

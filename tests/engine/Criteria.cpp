@@ -1,5 +1,5 @@
-#include "engine/EngineError.h"
 #include "engine/EngineFixture.h"
+#include "engine/language/EngineError.h"
 #include <QTest>
 
 using namespace obelmark;

@@ -1,8 +1,8 @@
 #include "engine/DamageSupport.h"
-#include "engine/EngineError.h"
 #include "engine/EngineFixture.h"
-#include "engine/Repair.h"
-#include "engine/TextFold.h"
+#include "engine/care/Repair.h"
+#include "engine/language/EngineError.h"
+#include "engine/language/TextFold.h"
 #include <QDir>
 #include <QSet>
 #include <QTemporaryDir>

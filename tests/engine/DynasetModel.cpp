@@ -1,6 +1,6 @@
-#include "engine/EngineError.h"
 #include "engine/EngineFixture.h"
-#include "engine/TextFold.h"
+#include "engine/language/EngineError.h"
+#include "engine/language/TextFold.h"
 #include <QRandomGenerator>
 #include <QTest>
 #include <algorithm>

@@ -1,5 +1,5 @@
 #include "engine/EngineFixture.h"
-#include "engine/EngineError.h"
+#include "engine/language/EngineError.h"
 #include <QDir>
 #include <QFile>
 #include <QProcess>

@@ -1,5 +1,5 @@
-#include "engine/LikePattern.h"
-#include "engine/TextFold.h"
+#include "engine/language/LikePattern.h"
+#include "engine/language/TextFold.h"
 #include <QTest>
 
 using namespace obelmark;

@@ -1,7 +1,7 @@
 #include "engine/DamageSupport.h"
-#include "engine/EngineError.h"
 #include "engine/EngineFixture.h"
-#include "engine/Repair.h"
+#include "engine/care/Repair.h"
+#include "engine/language/EngineError.h"
 #include "support/UnsyncedVfs.h"
 #include <QDir>
 #include <QTest>

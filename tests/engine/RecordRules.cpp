@@ -1,6 +1,6 @@
-#include "engine/EngineError.h"
 #include "engine/EngineFixture.h"
-#include "engine/Transaction.h"
+#include "engine/language/EngineError.h"
+#include "engine/rows/Transaction.h"
 #include <QTest>
 #include <sqlite3.h>
 

@@ -1,5 +1,5 @@
 #include "OldCollectionFixture.h"
-#include "engine/Database.h"
+#include "engine/rows/Database.h"
 #include "old_collections/FileExchange.h"
 #include "store/CoinFile.h"
 #include <QTest>

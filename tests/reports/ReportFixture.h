@@ -1,8 +1,8 @@
 #pragma once
 
 #include "common/SharedState.h"
-#include "reports/ReportDocument.h"
-#include "reports/ReportPreview.h"
+#include "documents/ReportDocument.h"
+#include "documents/ReportPreview.h"
 #include "support/ScriptedDesktop.h"
 #include "support/TestCollection.h"
 #include <QDir>

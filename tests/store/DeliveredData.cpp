@@ -1,6 +1,6 @@
 #include "common/CatalogueSort.h"
-#include "engine/EngineError.h"
-#include "engine/TextFold.h"
+#include "engine/language/EngineError.h"
+#include "engine/language/TextFold.h"
 #include "store/CoinFile.h"
 #include <QSet>
 #include <QTemporaryDir>

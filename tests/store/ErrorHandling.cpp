@@ -1,6 +1,6 @@
 #include "store/ErrorHandling.h"
 #include "common/SharedState.h"
-#include "engine/EngineError.h"
+#include "engine/language/EngineError.h"
 #include "store/CoinFile.h"
 #include "support/ScriptedDesktop.h"
 #include "support/TestCollection.h"

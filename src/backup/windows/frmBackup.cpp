@@ -4,7 +4,7 @@
 #include "common/SharedState.h"
 #include "common/ShownProgress.h"
 #include "desktop/Desktop.h"
-#include "engine/EngineError.h"
+#include "engine/language/EngineError.h"
 #include "forms/HelpKey.h"
 #include "store/ErrorHandling.h"
 #include "ui_frmBackup.h"

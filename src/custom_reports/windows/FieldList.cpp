@@ -1,6 +1,6 @@
 #include "custom_reports/windows/FieldList.h"
 
-#include "engine/TextFold.h"
+#include "engine/language/TextFold.h"
 #include <QListWidget>
 #include <QSignalBlocker>
 

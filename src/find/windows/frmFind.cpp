@@ -2,7 +2,7 @@
 
 #include "common/SharedState.h"
 #include "desktop/Desktop.h"
-#include "engine/EngineError.h"
+#include "engine/language/EngineError.h"
 #include "find/FindCriteria.h"
 #include "forms/AccessKeys.h"
 #include "forms/EditButtons.h"

@@ -1,0 +1,258 @@
+#include "engine/care/RepairTable.h"
+
+#include "engine/language/Schema.h"
+#include <algorithm>
+
+namespace obelmark {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A counter beyond this is garbage: keys are numbers of 32 bits.
+constexpr std::int64_t highestCounter = std::numeric_limits<std::int32_t>::max();
+
+void bind(SQLite::Statement &insert, int at, std::monostate)
+{
+    insert.bind(at);
+}
+void bind(SQLite::Statement &insert, int at, std::int64_t value)
+{
+    insert.bind(at, value);
+}
+void bind(SQLite::Statement &insert, int at, double value)
+{
+    insert.bind(at, value);
+}
+void bind(SQLite::Statement &insert, int at, const std::string &text)
+{
+    insert.bindNoCopy(at, text);
+}
+void bind(SQLite::Statement &insert, int at, const QByteArray &blob)
+{
+    insert.bindNoCopy(at, blob.constData(), int(blob.size()));
+}
+
+} // namespace
+
+TableCopy::TableCopy(SQLite::Database &target, const SchemaObject &table) : m_target(target), m_table(table)
+{
+    m_report.name = table.name;
+    SQLite::Statement columns(target, "select name, type, pk = 1 and type = 'INTEGER' collate nocase and "
+                                      "(select count(*) from pragma_table_info(?1) where pk > 0) = 1 "
+                                      "from pragma_table_info(?1)");
+    columns.bind(1, table.name.toStdString());
+    while (columns.executeStep()) {
+        if (columns.getColumn(2).getInt())
+            m_rowIdColumn = m_columns.size();
+        m_columns.push_back(quoted(QString::fromStdString(columns.getColumn(0).getString())));
+        m_types.push_back(
+            columnTypeFromDeclaration(QString::fromStdString(columns.getColumn(1).getString())));
+    }
+}
+
+/// Whether the values are such as the table's columns hold, but for a few that are damaged or foreign.
+bool TableCopy::isRow(const SalvagedRow &row) const
+{
+    if (row.values.size() > m_columns.size())
+        return false;
+    std::size_t odd = m_columns.size() - row.values.size(); // written before a column was added
+    for (std::size_t i = 0; i < row.values.size(); ++i) {
+        const SalvagedValue &value = row.values[i];
+        if (i == m_rowIdColumn) {
+            if (!std::holds_alternative<std::monostate>(value))
+                return false;
+            continue;
+        }
+        const bool isText = std::holds_alternative<std::string>(value);
+        const bool isNumber =
+            std::holds_alternative<std::int64_t>(value) || std::holds_alternative<double>(value);
+        switch (m_types[i].kind) {
+        case ColumnKind::Any:
+            break;
+        case ColumnKind::Text:
+        case ColumnKind::Date:
+            odd += isNumber || std::holds_alternative<QByteArray>(value);
+            break;
+        default:
+            odd += isText || std::holds_alternative<QByteArray>(value);
+        }
+    }
+    return odd <= m_columns.size() / 4;
+}
+
+void TableCopy::copy(SalvageFile &damaged)
+{
+    std::int64_t tooLong = 0;
+    m_losses = damaged.readTable(
+        m_table.rootPage, [this](const SalvagedRow &row) { return isRow(row); },
+        [&](const SalvagedRow &row) {
+            if (row.values.size() <= m_columns.size())
+                save(row);
+            else
+                ++tooLong;
+        });
+    m_losses.cells += tooLong;
+    for (const RowRange &range : m_losses.ranges)
+        know(range.after);
+}
+
+void TableCopy::readIndexes(SalvageFile &damaged, const std::vector<SchemaObject> &schema,
+                            SQLite::Database &scratch)
+{
+    for (const SchemaObject &index : schema) {
+        const bool isOurs = index.type == "index"_L1 && index.rootPage != 0 &&
+                            index.table.compare(m_table.name, Qt::CaseInsensitive) == 0;
+        // One of some of the rows, or of none, tells nothing of the others.
+        if (!isOurs || index.sql.contains(" where "_L1, Qt::CaseInsensitive))
+            continue;
+        SQLite::Statement query(scratch, "select cid from pragma_index_info(?1) order by seqno");
+        query.bind(1, index.name.toStdString());
+        std::vector<int> columns;
+        while (query.executeStep())
+            columns.push_back(query.getColumn(0).getInt());
+        m_evidence.readIndex(damaged, index.rootPage, columns);
+    }
+    m_evidence.finish();
+    know(m_evidence.highestId());
+}
+
+std::size_t TableCopy::alike(const std::vector<SalvagedRow> &rows) const
+{
+    return std::size_t(
+        std::count_if(rows.begin(), rows.end(), [this](const SalvagedRow &row) { return isRow(row); }));
+}
+
+std::size_t TableCopy::confirmed(const std::vector<SalvagedRow> &rows) const
+{
+    return std::size_t(std::count_if(rows.begin(), rows.end(), [this](const SalvagedRow &row) {
+        return isRow(row) && m_evidence.confirms(row);
+    }));
+}
+
+bool TableCopy::inHole(std::int64_t id) const
+{
+    return std::any_of(m_losses.ranges.begin(), m_losses.ranges.end(),
+                       [id](const RowRange &range) { return range.contains(id); });
+}
+
+bool TableCopy::misses(const std::vector<SalvagedRow> &rows) const
+{
+    return std::all_of(rows.begin(), rows.end(),
+                       [this](const SalvagedRow &row) { return inHole(row.id) && isRow(row); });
+}
+
+void TableCopy::saveStray(const std::vector<SalvagedRow> &rows, Trust trust)
+{
+    for (const SalvagedRow &row : rows) {
+        if (!isRow(row))
+            continue;
+        const bool isNamed = m_evidence.names(row.id);
+        const bool isDeleted = m_evidence.isComplete() && !isNamed;
+        const bool isLikely = trust == Trust::InUse || isNamed || inHole(row.id);
+        if (trust == Trust::OnlyConfirmed ? m_evidence.confirms(row) : !isDeleted && isLikely)
+            save(row);
+    }
+}
+
+/// Adds a row unless there is one of that id.
+void TableCopy::save(const SalvagedRow &row)
+{
+    // A counter has 32 bits; a row is more than its number.
+    if (m_rowIdColumn < m_columns.size() && row.id != std::int32_t(row.id))
+        m_unnumbered.push_back(row);
+    else if (insert(row))
+        m_savedIds.push_back(row.id);
+}
+
+bool TableCopy::insert(const SalvagedRow &row)
+{
+    SQLite::Statement &insert = insertOf(row.values.size());
+    for (std::size_t i = 0; i < row.values.size(); ++i) {
+        // The column that stands for the row id lies as null in the row; whatever else lies there counts for
+        // nothing.
+        if (i == m_rowIdColumn)
+            insert.bind(int(i) + 1, row.id);
+        else
+            std::visit([&](const auto &value) { bind(insert, int(i) + 1, value); }, row.values[i]);
+    }
+    const int inserted = insert.exec();
+    insert.reset();
+    if (inserted == 0)
+        return false;
+    ++m_report.rowsSaved;
+    m_report.rowsIncomplete += row.complete ? 0 : 1;
+    return true;
+}
+
+/// Each lost page and each entry that is none has been a row at least; the indexes may know of more.
+void TableCopy::countLost()
+{
+    std::sort(m_savedIds.begin(), m_savedIds.end());
+    const auto isSaved = [this](std::int64_t id) {
+        return std::binary_search(m_savedIds.begin(), m_savedIds.end(), id);
+    };
+    const auto &ids = m_evidence.agreedIds();
+    const auto named = std::count_if(ids.begin(), ids.end(),
+                                     [&](std::int64_t id) { return id == std::int32_t(id) && !isSaved(id); });
+    const auto isEmpty = [this](const RowRange &range) {
+        const auto next = std::upper_bound(m_savedIds.begin(), m_savedIds.end(), range.after);
+        return next == m_savedIds.end() || !range.contains(*next);
+    };
+    const auto isRoot = [](const RowRange &range) {
+        return range.after == RowRange().after && range.upTo == RowRange().upTo;
+    };
+    const auto &ranges = m_losses.ranges;
+    m_report.isLost = m_report.rowsSaved == 0 && std::any_of(ranges.begin(), ranges.end(), isRoot);
+    const auto empty = m_report.isLost ? 0 : std::count_if(ranges.begin(), ranges.end(), isEmpty);
+    m_report.rowsLost = std::max(qint64(named), qint64(empty + m_losses.cells));
+}
+
+void TableCopy::finish(std::int64_t oldCounter)
+{
+    know(oldCounter);
+    for (const std::int64_t id : m_savedIds)
+        know(id);
+    for (SalvagedRow &row : m_unnumbered) {
+        row.id = m_highestId + 1;
+        if (m_highestId < highestCounter && insert(row)) {
+            know(row.id);
+            ++m_report.rowsRenumbered;
+        }
+    }
+    if (!m_table.sql.contains("autoincrement"_L1, Qt::CaseInsensitive))
+        return;
+    SQLite::Statement counter(m_target, "insert into sqlite_sequence (name, seq) select ?1, 0 "
+                                        "where not exists (select 1 from sqlite_sequence where name = ?1)");
+    counter.bind(1, m_table.name.toStdString());
+    counter.exec();
+    SQLite::Statement raise(m_target, "update sqlite_sequence set seq = max(seq, ?2) where name = ?1");
+    raise.bind(1, m_table.name.toStdString());
+    raise.bind(2, m_highestId);
+    raise.exec();
+}
+
+void TableCopy::know(std::int64_t id)
+{
+    if (id <= highestCounter)
+        m_highestId = std::max(m_highestId, id);
+}
+
+/// Rows written before a column was added are shorter; the insert leaves the column's default to them.
+SQLite::Statement &TableCopy::insertOf(std::size_t columnCount)
+{
+    const auto found = m_inserts.find(columnCount);
+    if (found != m_inserts.end())
+        return found->second;
+    std::string names;
+    std::string values;
+    for (std::size_t i = 0; i < columnCount; ++i) {
+        names += (i ? ", " : "") + m_columns[i];
+        values += i ? ", ?" : "?";
+    }
+    const std::string sql =
+        "insert or ignore into " + quoted(m_table.name) + " (" + names + ") values (" + values + ")";
+    return m_inserts.try_emplace(columnCount, m_target, sql).first->second;
+}
+
+} // namespace obelmark

@@ -1,0 +1,73 @@
+#include "engine/rows/Database.h"
+#include "engine/care/FolderSteps.h"
+#include "engine/care/VerifiedCopy.h"
+#include "engine/language/EngineError.h"
+#include "engine/rows/DatabaseCore.h"
+#include "runtime/SafeFile.h"
+#include <QFile>
+#include <QFileInfo>
+#include <QScopeGuard>
+
+namespace obelmark {
+
+using namespace Qt::StringLiterals;
+
+std::unique_ptr<Database> Database::open(const QString &path, Access access,
+                                         const QStringList &requiredTables, const FaultHook &faultHook,
+                                         const FileProgress &progress)
+{
+    return std::unique_ptr<Database>(
+        new Database(std::make_shared<DatabaseCore>(path, access, requiredTables, faultHook, progress)));
+}
+
+Database::Database(std::shared_ptr<DatabaseCore> core) : d(std::move(core)) {}
+
+Database::~Database()
+{
+    d->close();
+}
+
+const QString &Database::path() const
+{
+    return d->path();
+}
+
+FileState Database::fileState() const
+{
+    return d->fileState();
+}
+
+void Database::requireInPlace() const
+{
+    d->requireInPlace();
+}
+
+bool Database::isAt(const QString &path) const
+{
+    return d->place() && d->place()->isAt(path);
+}
+
+void Database::saveAs(const QString &newPath, const FileProgress &progress)
+{
+    const QString folder = QFileInfo(newPath).path();
+    const QString unfinished = folder + u"/.obelmark-saved.tmp"_s;
+    d->connection().tryExec("rollback");
+    compactVerified(d->connection(), unfinished, d->place()->mode(), progress);
+    const auto cleanUp = qScopeGuard([&] { QFile::remove(unfinished); });
+    FolderSteps steps;
+    // A second name never replaces a file; where there are none, a look before has to do.
+    if (!steps.link(unfinished, newPath)) {
+        if (QFileInfo::exists(newPath))
+            throw EngineError(int(PathFileAccess), u"%1: There is a file of that name"_s.arg(newPath));
+        steps.rename(unfinished, newPath);
+    }
+    steps.keep();
+    flushToDisk(folder);
+}
+
+void Database::setFaultHook(const FaultHook &faultHook)
+{
+    d->setFaultHook(faultHook);
+}
+
+} // namespace obelmark

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "engine/language/Schema.h"
+#include <SQLiteCpp/Statement.h>
+
+namespace obelmark {
+
+/// The columns of a query's result as a table: a column of a table keeps its declared kind, also through
+/// joins and other names; an expression has none.
+TableSchema resultColumns(const SQLite::Statement &statement, const QString &name);
+
+} // namespace obelmark
