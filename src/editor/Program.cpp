@@ -5,6 +5,7 @@
 #include "common/SharedState.h"
 #include "desktop/Desktop.h"
 #include "editor/frmMain.h"
+#include "store/LostFile.h"
 #include <QApplication>
 
 namespace obelmark {
@@ -73,10 +74,12 @@ void Program::withoutMainWindow(const std::function<void()> &work)
         return;
     const QRect place = m_window->geometry();
     const Qt::WindowStates state = m_window->windowState();
+    LentFile file(m_shared);
     m_window->Form_Unload();
     m_window->hide();
     m_window.reset();
     work();
+    file.takeBack();
     showMainWindow();
     m_window->setGeometry(place);
     m_window->setWindowState(state);

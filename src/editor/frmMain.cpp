@@ -36,6 +36,7 @@
 #include <QActionGroup>
 #include <QCloseEvent>
 #include <QDir>
+#include <QFileInfo>
 #include <QLabel>
 #include <QScopeGuard>
 #include <QStatusBar>
@@ -87,10 +88,14 @@ bool isTabStop(const QWidget &widget)
     return widget.isEnabled() && !widget.isHidden();
 }
 
-/// Which collection this is: it may be the sample, or one of several.
-QString shownFolder(const SharedState &shared)
+/// Which collection this is: it may be the sample, or one of several, or saved in a file of another name.
+QString shownPlace(const SharedState &shared)
 {
-    return QDir::toNativeSeparators(QDir(shared.AppFolder).absolutePath());
+    const QString folder = QDir(shared.AppFolder).absolutePath();
+    const QFileInfo file(shared.DatabasePath);
+    const bool isUsual =
+        file.absolutePath() == folder && file.fileName().compare("coin.mdb"_L1, Qt::CaseInsensitive) == 0;
+    return QDir::toNativeSeparators(isUsual ? folder : file.absoluteFilePath());
 }
 
 } // namespace
@@ -120,7 +125,7 @@ frmMain::frmMain(SharedState &shared, ProgramWindows &windows)
     connectFields();
     const auto *hints = new EntryHints(*this, *m_fields, *m_watch);
     connect(hints, &EntryHints::told, this, [this](const QString &sentence) {
-        m_note->tell(sentence.isEmpty() ? shownFolder(m_shared) : sentence);
+        m_note->tell(sentence.isEmpty() ? shownPlace(m_shared) : sentence);
     });
     connectButtons();
     connectMenus();
@@ -272,11 +277,14 @@ void frmMain::Form_Load()
     // A collection that had to be saved under another name keeps it until the program ends.
     if (m_shared.DatabasePath.isEmpty())
         m_shared.DatabasePath = pathInAnyCase(m_shared.AppFolder, u"coin.mdb"_s);
-    step([&] { recoverDatabase(m_shared); });
-    step([&] {
-        m_shared.CoinDatabase =
-            openCoinDatabase(m_shared.DatabasePath, shownProgress(m_shared.desktop, u"Open"_s, false));
-    });
+    // One whose file has got lost while it was lent is open already.
+    if (!m_shared.CoinDatabase) {
+        step([&] { recoverDatabase(m_shared); });
+        step([&] {
+            m_shared.CoinDatabase =
+                openCoinDatabase(m_shared.DatabasePath, shownProgress(m_shared.desktop, u"Open"_s, false));
+        });
+    }
     removeUnfinishedFiles(m_shared.AppFolder);
     removeUnfinishedPictures(m_shared.AppFolder);
     step([&] { Form_Activate(); });
@@ -299,7 +307,7 @@ void frmMain::Form_Load()
     // The first picture of the window is a whole one.
     m_positionTimer.stop();
     run([&] { showPosition(); });
-    m_note->tell(shownFolder(m_shared));
+    m_note->tell(shownPlace(m_shared));
     // An empty collection has nothing to do but to begin.
     (m_ui->txtDescr->isEnabled() ? static_cast<QWidget *>(m_ui->txtDescr) : m_ui->cmdAddNew)->setFocus();
 }

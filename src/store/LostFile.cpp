@@ -119,12 +119,12 @@ void saveElsewhere(SharedState &shared, const QString &whatHappened)
     const auto saved = saveCollection(shared, proposed);
     if (!saved)
         return;
-    const QString lost = std::exchange(shared.DatabasePath, *saved);
+    shared.DatabasePath = *saved;
     reopen(shared);
     shared.desktop.showMessage(
         u"The collection has been saved as '%1', and the program goes on with that file until it ends.  When "
         "it is started again, it opens the file '%2', as always.\n\nIf you were typing a record, it is still "
-        "on the screen and not saved yet."_s.arg(*saved, lost),
+        "on the screen and not saved yet."_s.arg(*saved, pathInAnyCase(shared.AppFolder, u"coin.mdb"_s)),
         boxTitle());
 }
 
@@ -150,6 +150,25 @@ void meetLostFile(SharedState &shared)
                           "given another name while this program was using it."_s);
         return;
     }
+}
+
+LentFile::LentFile(SharedState &shared) : m_shared(shared), m_database(std::move(shared.CoinDatabase))
+{
+    shared.CoinRecordset.reset();
+    if (m_database)
+        m_database->standAside();
+}
+
+LentFile::~LentFile() = default;
+
+void LentFile::takeBack()
+{
+    if (!m_database || m_database->fileState() != FileState::Missing) {
+        m_database.reset();
+        return;
+    }
+    m_shared.CoinDatabase = std::move(m_database);
+    meetLostFile(m_shared);
 }
 
 } // namespace obelmark

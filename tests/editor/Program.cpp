@@ -167,19 +167,42 @@ private slots:
         const QPointer<frmMain> before = p.program->mainWindow();
         const QString file = p.shared->DatabasePath;
         QVERIFY(QFile::rename(file, file + u".away"_s));
-        p.desktop.answerYesNo(
-            u"'%1', the file of the collection, is not there any more: it was deleted or given another name "
-            u"while "
-            "this program was using it.\n\nNothing can be saved in it any more.  All that was saved before "
-            "is still "
-            "known to this program, until it ends.\n\nDo you wish to save the collection in a new file, "
-            "'%2'?"_s.arg(file, QString(file).replace(u"coin.mdb"_s, u"coin-saved.mdb"_s)),
-            u"Collection File"_s, Answer::No);
+        const auto refuseToSave = [&] {
+            p.desktop.answerYesNo(
+                u"'%1', the file of the collection, is not there any more: it was deleted or given another "
+                u"name while this program was using it.\n\nNothing can be saved in it any more.  All that "
+                u"was "
+                "saved before is still known to this program, until it ends.\n\nDo you wish to save the "
+                "collection in a new file, '%2'?"_s.arg(
+                    file, QString(file).replace(u"coin.mdb"_s, u"coin-saved.mdb"_s)),
+                u"Collection File"_s, Answer::No);
+        };
+        refuseToSave();
         gui::trigger(p.main(), u"mnuBackup"_s);
         QTest::qWait(1);
         QCOMPARE(p.program->mainWindow(), before);
         QVERIFY(p.shared->CoinDatabase);
         QCOMPARE(p.desktop.problems(), QStringList());
+        QVERIFY(QFile::rename(file + u".away"_s, file));
+
+        // Gone while the window is open.
+        const QString folder = p.shared->AppFolder;
+        p.desktop.setDrives({{QString(), folder, 1, true}});
+        p.desktop.expectMessage(
+            u"The database could not be backed up, because there is no file '%1' any more."_s.arg(file),
+            u"Backup the Obelmark Database"_s);
+        refuseToSave();
+        QVERIFY(gui::withDialog(
+            [&] {
+                gui::trigger(p.main(), u"mnuBackup"_s);
+                gui::waitUntil([&] { return !before && p.program->mainWindow(); }, "main window anew");
+            },
+            [&](QWidget &dialog) {
+                QVERIFY(QFile::rename(file, file + u".away"_s));
+                gui::click(gui::find<QPushButton>(dialog, u"cmdOk"_s));
+            }));
+        QCOMPARE(p.desktop.problems(), QStringList());
+        QCOMPARE(p.shown(u"txtDescr"_s), u"Alpha"_s);
         QVERIFY(QFile::rename(file + u".away"_s, file));
     }
 

@@ -97,6 +97,7 @@ private slots:
 
         ScriptedDesktop desktop;
         SharedState shared{desktop, RegionalSettings(QLocale(u"en_US"_s))};
+        shared.AppFolder = folder + u'/';
         shared.DatabasePath = path;
         shared.CoinDatabase = openCoinDatabase(path);
         shared.CoinRecordset = openCoins(*shared.CoinDatabase, 1);

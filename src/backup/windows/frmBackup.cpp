@@ -8,6 +8,7 @@
 #include "forms/HelpKey.h"
 #include "store/ErrorHandling.h"
 #include "ui_frmBackup.h"
+#include <QFileInfo>
 #include <algorithm>
 
 namespace obelmark {
@@ -65,6 +66,13 @@ void frmBackup::backUp()
         if (error.number() == DatabaseDamaged) {
             if (offerRepair(m_shared, u"The database could not be backed up"_s, windowTitle()))
                 backUp();
+            return;
+        }
+        if (!QFileInfo::exists(m_shared.DatabasePath)) {
+            m_shared.desktop.showMessage(
+                u"The database could not be backed up, because there is no file '%1' any more."_s.arg(
+                    m_shared.DatabasePath),
+                windowTitle());
             return;
         }
         m_shared.desktop.showMessage(

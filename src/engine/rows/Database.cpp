@@ -27,6 +27,11 @@ Database::~Database()
     d->close();
 }
 
+void Database::standAside()
+{
+    d->standAside();
+}
+
 const QString &Database::path() const
 {
     return d->path();

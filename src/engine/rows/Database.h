@@ -35,6 +35,10 @@ public:
                                           const QStringList &requiredTables, const FaultHook &faultHook = {},
                                           const FileProgress &progress = {});
 
+    /// Lets everybody have the file, as if it were closed; only looking at its state and saveAs() are
+    /// possible from then on. Every recordset still open on it answers ObjectClosed.
+    void standAside();
+
     /// Closes the file; every recordset still open on it answers ObjectClosed from then on.
     ~Database();
     Database(const Database &) = delete;

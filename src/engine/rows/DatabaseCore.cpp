@@ -103,11 +103,26 @@ void DatabaseCore::checkTables(const QStringList &requiredTables)
     }
 }
 
-void DatabaseCore::close() noexcept
+void DatabaseCore::closeRecordsets() noexcept
 {
     for (OpenRecordset *recordset : std::exchange(m_recordsets, {}))
         recordset->invalidate();
     m_orderedTables.clear();
+}
+
+void DatabaseCore::standAside() noexcept
+{
+    closeRecordsets();
+    // The lock goes at the end of the next transaction.
+    m_connection->tryExec("rollback");
+    if (m_connection->tryExec("pragma locking_mode = normal; begin; select count(*) from sqlite_master; "
+                              "commit") != SQLITE_OK)
+        close();
+}
+
+void DatabaseCore::close() noexcept
+{
+    closeRecordsets();
     if (m_connection && fileState() != FileState::InPlace) {
         // The library would remove the journal of that name, which may be that of the file there now.
         m_connection->tryExec("rollback");
@@ -118,7 +133,7 @@ void DatabaseCore::close() noexcept
 
 FileState DatabaseCore::fileState()
 {
-    return m_place ? m_place->look(m_path, *m_connection) : FileState::InPlace;
+    return m_place && m_connection ? m_place->look(m_path, *m_connection) : FileState::InPlace;
 }
 
 void DatabaseCore::requireInPlace()

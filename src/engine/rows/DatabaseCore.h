@@ -38,6 +38,7 @@ public:
     DatabaseCore &operator=(const DatabaseCore &) = delete;
 
     void close() noexcept;
+    void standAside() noexcept;
     bool isOpen() const { return m_connection.has_value(); }
 
     const QString &path() const { return m_path; }
@@ -84,6 +85,7 @@ public:
     void remove(OpenRecordset &recordset) { std::erase(m_recordsets, &recordset); }
 
 private:
+    void closeRecordsets() noexcept;
     void connect(Database::Access access);
     void checkTables(const QStringList &requiredTables);
     void learnPlace();
