@@ -8,6 +8,7 @@
 #include "runtime/SafeFile.h"
 #include "runtime/TextEncoding.h"
 #include <QFile>
+#include <QFileInfo>
 #include <QStringTokenizer>
 #include <variant>
 
@@ -286,6 +287,10 @@ QByteArray loadReportFile(const QString &path)
         throw NumberedError(number,
                             u"The report file '%1' could not be read.  %2"_s.arg(path, file.errorString()));
     };
+    // To open a named pipe is to wait for ever.
+    if (const QFileInfo info(path); info.exists() && !info.isFile())
+        throw NumberedError(PathFileAccess,
+                            u"The report file '%1' could not be read.  It is no file."_s.arg(path));
     if (!file.open(QIODevice::ReadOnly))
         fail(file.exists() ? PermissionDenied : FileNotFound);
     const QByteArray bytes = file.read(mostBytes + 1);

@@ -1,5 +1,6 @@
 #include "forms/FirstSize.h"
 
+#include <QGridLayout>
 #include <QMainWindow>
 #include <QScreen>
 #include <QScrollArea>
@@ -44,13 +45,25 @@ void scrollContents(QWidget &window)
     layout->addWidget(scrolled(contents));
 }
 
+/// Gives up the gaps that only part groups of fields.
+void closeGaps(const QWidget &window)
+{
+    const auto grids = window.findChildren<QGridLayout *>();
+    for (QGridLayout *grid : grids) {
+        for (int row = 0; row < grid->rowCount(); ++row)
+            grid->setRowMinimumHeight(row, 0);
+    }
+}
+
 } // namespace
 
 void setFirstSize(QWidget &window)
 {
     const double growth = qMax(1.0, window.fontMetrics().height() / drawnForHeight);
-    const QSize least = window.minimumSizeHint();
     const QSize most = window.screen()->availableSize() - frameSize(window);
+    if (window.minimumSizeHint().height() > most.height())
+        closeGaps(window);
+    const QSize least = window.minimumSizeHint();
     const QSize wanted = (window.size() * growth).expandedTo(least);
     if (least.width() > most.width() || least.height() > most.height())
         scrollContents(window);

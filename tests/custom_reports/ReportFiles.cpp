@@ -8,6 +8,7 @@
 #include <QTest>
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <random>
+#include <sys/stat.h>
 
 using namespace obelmark;
 using namespace Qt::StringLiterals;
@@ -296,7 +297,9 @@ private slots:
         shared.DatabasePath = path;
         QVERIFY(
             errorOf([&] { saveReportFile(path, report, shared); }).contains(u"belongs to the collection"));
-        for (const QString &missing : {folder.filePath(u"none/b.rpt"_s), folder.path()}) {
+        const QString pipe = folder.filePath(u"pipe.rpt"_s);
+        QCOMPARE(::mkfifo(qPrintable(pipe), 0600), 0);
+        for (const QString &missing : {folder.filePath(u"none/b.rpt"_s), folder.path(), pipe}) {
             QVERIFY(errorOf([&] { saveReportFile(missing, report, shared); }).contains(missing));
             QVERIFY(errorOf([&] { loadReportFile(missing); }).contains(missing));
         }

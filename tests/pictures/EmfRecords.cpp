@@ -80,6 +80,10 @@ private slots:
             emf::record(80, bytesOf<qint32>({0, 0, 0, 0, 100, 100, 0, 1, 2, 1, 76, 40, 116, 16, 0, 0, 2}) +
                                 smallBitmap()),
             Qt::red);
+        row("bitmap that is cut off",
+            emf::record(80, bytesOf<qint32>({0, 0, 0, 0, 100, 100, 0, 1, 2, 1, 76, 40, 116, 8, 0, 0, 2}) +
+                                smallBitmap().chopped(8)),
+            Qt::white);
         row("fill of a block transfer",
             emf::record(76, bytesOf<qint32>({0, 0, 0, 0, 50, 50, 100, 100, 0x00F00021, 0, 0}) +
                                 bytesOf<float>({1, 0, 0, 1, 0, 0}) + bytesOf<qint32>({0, 0, 0, 0, 0, 0})));

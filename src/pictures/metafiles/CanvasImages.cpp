@@ -2,17 +2,30 @@
 
 #include <QBuffer>
 #include <QFontMetricsF>
+#include <QImageIOHandler>
 #include <QImageReader>
 #include <QLineF>
 
 namespace obelmark {
 
+/// What the bytes do not reach is white, or of the last of the bitmap's colours, which mostly is.
 static QImage decodeBitmap(const QByteArray &bitmap)
 {
     QBuffer buffer;
     buffer.setData(bitmap);
     buffer.open(QIODevice::ReadOnly);
-    return QImageReader(&buffer, "dib").read();
+    QImageReader reader(&buffer, "dib");
+    // The reader fills an image of the right kind that it is given, and leaves its pixels alone where bytes
+    // are missing; in one that it makes itself nobody has written there.
+    QImage image;
+    const QSize size(reader.size().width(), std::abs(reader.size().height())); // negative from the top down
+    if (!QImageIOHandler::allocateImage(size, reader.imageFormat(), &image))
+        return {};
+    image.fill(0xFFFFFFFF);
+    if (!reader.read(&image))
+        return {};
+    // Not every painting looks whether a pixel's number is one of the colours.
+    return image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
 void MetafileCanvas::text(QPointF point, const QString &text)
