@@ -10,6 +10,10 @@
 -- without accents. The program writes it; when another tool changes X, a trigger empties it, and the program
 -- fills it again when it next opens the file. The small "stale" indexes tell it at once which rows those are.
 
+-- The file's mark ("Obel" in ASCII) and version. A new version has a migration in the program, too.
+pragma application_id = 1331848556;
+pragma user_version = 2;
+
 create table Coin (
     coinid         integer primary key autoincrement,
     descr          varchar(255) collate nocase,

@@ -4,6 +4,7 @@
 #include "common/ShownProgress.h"
 #include "common/TextHelpers.h"
 #include "desktop/Desktop.h"
+#include "engine/care/FileVersions.h"
 #include "engine/care/FolderSteps.h"
 #include "engine/care/JournalFiles.h"
 #include "engine/care/LockedFile.h"
@@ -102,6 +103,7 @@ void replaceByCompacted(const QString &databasePath, const FileProgress &progres
     steps.rename(files.packed, files.database);
     flushToDisk(files.folder);
     steps.keep();
+    removeSetAside(files.database);
 }
 
 void packDatabase(SharedState &shared)

@@ -65,12 +65,23 @@ QByteArray coinSchema()
     return script.readAll();
 }
 
-} // namespace
+/// "Obel" in ASCII.
+constexpr qint32 applicationId = 0x4F62656C;
 
-std::unique_ptr<Database> openCoinDatabase(const QString &path, const FileProgress &progress)
+/// What coin.sql makes is the newest version. A migration never changes again once it has been delivered.
+QList<Migration> migrations()
+{
+    return {
+        {.foldsAnew = true}, // 2: letters such as "ø" stand beside their base letter
+    };
+}
+
+std::unique_ptr<Database> openVersioned(const QString &path, const FileVersions &versions,
+                                        const FileProgress &progress)
 {
     try {
-        auto database = Database::open(path, Database::Access::Exclusive, requiredTables(), {}, progress);
+        auto database =
+            Database::open(path, Database::Access::Exclusive, requiredTables(), {}, progress, versions);
         fillCatalogueSortKeys(*database, progress);
         removeAbandonedRepair(path);
         return database;
@@ -82,10 +93,20 @@ std::unique_ptr<Database> openCoinDatabase(const QString &path, const FileProgre
     }
 }
 
+} // namespace
+
+std::unique_ptr<Database> openCoinDatabase(const QString &path, const FileProgress &progress)
+{
+    return openVersioned(path, {applicationId, migrations()}, progress);
+}
+
 RepairReport repairCoinFile(const QString &path, const FileProgress &progress)
 {
+    // The damaged file is kept: nothing of it need be set aside once more.
+    const FileVersions versions{applicationId, migrations(), false};
     return repairDatabase(
-        path, {u"Coin"_s, coinSchema(), [&](const QString &file) { openCoinDatabase(file, progress); }},
+        path,
+        {u"Coin"_s, coinSchema(), [&](const QString &file) { openVersioned(file, versions, progress); }},
         progress);
 }
 

@@ -10,7 +10,8 @@ namespace obelmark {
 
 struct SharedState;
 
-/// Opens the coin database exclusively and fills the catalogue sort keys that other tools have left empty.
+/// Opens the coin database exclusively, makes it one of the newest version, and fills the catalogue sort keys
+/// that other tools have left empty.
 /// \throws what Database::open() throws
 std::unique_ptr<Database> openCoinDatabase(const QString &path, const FileProgress &progress = {});
 

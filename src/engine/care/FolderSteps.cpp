@@ -1,7 +1,9 @@
 #include "engine/care/FolderSteps.h"
 
 #include "engine/language/EngineError.h"
+#include "runtime/SafeFile.h"
 #include <QFile>
+#include <QFileInfo>
 #include <filesystem>
 
 namespace obelmark {
@@ -41,6 +43,19 @@ bool FolderSteps::link(const QString &from, const QString &to)
         return false;
     m_undo.push_back([to] { QFile::remove(to); });
     return true;
+}
+
+void publish(const QString &unfinished, const QString &newPath)
+{
+    FolderSteps steps;
+    // A second name never replaces a file; where there are none, a look before has to do.
+    if (!steps.link(unfinished, newPath)) {
+        if (QFileInfo::exists(newPath))
+            throw EngineError(int(PathFileAccess), u"%1: There is a file of that name"_s.arg(newPath));
+        steps.rename(unfinished, newPath);
+    }
+    steps.keep();
+    flushToDisk(QFileInfo(newPath).path());
 }
 
 } // namespace obelmark

@@ -26,4 +26,8 @@ private:
     std::vector<std::function<void()>> m_undo;
 };
 
+/// Gives a finished file its name unless there is a file of that name. \throws PathFileAccess when there is,
+/// and others
+void publish(const QString &unfinished, const QString &newPath);
+
 } // namespace obelmark

@@ -9,13 +9,17 @@ namespace obelmark {
 
 using namespace Qt::StringLiterals;
 
-QString freeName(const QString &path, QLatin1StringView role)
+QString nameBeside(const QString &path, const QString &role)
 {
     const QFileInfo file(path);
     const QString suffix = file.suffix().isEmpty() ? QString() : u'.' + file.suffix();
+    return file.dir().filePath(file.completeBaseName() + u'-' + role + suffix);
+}
+
+QString freeName(const QString &path, const QString &role)
+{
     for (int attempt = 1;; ++attempt) {
-        const QString number = attempt > 1 ? u"-%1"_s.arg(attempt) : QString();
-        const QString name = file.dir().filePath(file.completeBaseName() + u'-' + role + number + suffix);
+        const QString name = nameBeside(path, attempt > 1 ? u"%1-%2"_s.arg(role).arg(attempt) : role);
         const auto isTaken = [&](QLatin1StringView companion) { return QFileInfo::exists(name + companion); };
         if (!QFileInfo::exists(name) && std::none_of(journalSuffixes.begin(), journalSuffixes.end(), isTaken))
             return name;

@@ -4,7 +4,10 @@
 
 namespace obelmark {
 
-/// A free name beside the file, by what it is to be: "coin-damaged.mdb", "coin-damaged-2.mdb" and so on.
-QString freeName(const QString &path, QLatin1StringView role);
+/// The name beside a file by what it is to be: "coin-damaged.mdb".
+QString nameBeside(const QString &path, const QString &role);
+
+/// A free one: "coin-damaged.mdb", "coin-damaged-2.mdb" and so on.
+QString freeName(const QString &path, const QString &role);
 
 } // namespace obelmark

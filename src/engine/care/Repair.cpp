@@ -23,14 +23,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QLatin1StringView unfinished("repairing");
+const QString unfinished = u"repairing"_s;
 
 /// Puts the new file in the place of the damaged one and returns the latter's new name. Where the file system
 /// allows it, there is a file of the old name at every instant.
 QString replaceDamaged(const QString &path, const QString &newPath)
 {
     const QString folder = QFileInfo(path).path();
-    const QString damagedPath = freeName(path, "damaged"_L1);
+    const QString damagedPath = freeName(path, u"damaged"_s);
     FolderSteps steps;
     if (!steps.link(path, damagedPath))
         steps.rename(path, damagedPath);
@@ -91,9 +91,7 @@ RepairReport repairDatabase(const QString &path, const RepairPlan &plan, const F
 
 void removeAbandonedRepair(const QString &path)
 {
-    const QFileInfo file(path);
-    const QString suffix = file.suffix().isEmpty() ? QString() : u'.' + file.suffix();
-    const QString left = file.dir().filePath(file.completeBaseName() + u'-' + unfinished + suffix);
+    const QString left = nameBeside(path, unfinished);
     QFile::remove(left);
     removeJournals(left);
 }

@@ -31,6 +31,9 @@ constexpr ErrorText errorTexts[] = {
     {FieldTooSmall, u"The field is too small to accept the amount of data you attempted to add."},
     {RecordDeleted, u"Record is deleted."},
     {RecordLocked, u"Could not update; currently locked."},
+    {NewerVersion,
+     u"'|' was last used by a newer version of this program, and only that can use it.  Nothing in "
+     u"it has been changed."},
     {UnrecognizedFormat, u"Unrecognized database format '|'."},
     {ObjectClosed, u"Object is invalid or no longer set."},
     {DataTypeConversion, u"Data type conversion error."},

@@ -20,6 +20,7 @@ enum EngineErrorNumber {
     FieldTooSmall = 3163,
     RecordDeleted = 3167,
     RecordLocked = 3260,
+    NewerVersion = 3342,
     UnrecognizedFormat = 3343,
     ObjectClosed = 3420,
     DataTypeConversion = 3421,

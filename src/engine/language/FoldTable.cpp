@@ -1,4 +1,6 @@
 #include "engine/language/FoldTable.h"
+
+#include "engine/language/BaseLetters.h"
 #include <QList>
 
 namespace obelmark {
@@ -19,7 +21,12 @@ QString fromCharacter(char32_t character)
 
 QString decomposedForOrder(const QString &text)
 {
-    return text.normalized(QString::NormalizationForm_KD);
+    QString spelled;
+    for (const uint character : text.normalized(QString::NormalizationForm_KD).toUcs4()) {
+        const QStringView base = baseLetters(character);
+        spelled += base.isEmpty() ? fromCharacter(character) : base;
+    }
+    return spelled;
 }
 
 /// Letters are one kind in either case.

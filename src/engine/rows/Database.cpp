@@ -14,10 +14,10 @@ using namespace Qt::StringLiterals;
 
 std::unique_ptr<Database> Database::open(const QString &path, Access access,
                                          const QStringList &requiredTables, const FaultHook &faultHook,
-                                         const FileProgress &progress)
+                                         const FileProgress &progress, const FileVersions &versions)
 {
-    return std::unique_ptr<Database>(
-        new Database(std::make_shared<DatabaseCore>(path, access, requiredTables, faultHook, progress)));
+    return std::unique_ptr<Database>(new Database(
+        std::make_shared<DatabaseCore>(path, access, requiredTables, faultHook, progress, versions)));
 }
 
 Database::Database(std::shared_ptr<DatabaseCore> core) : d(std::move(core)) {}
@@ -54,20 +54,11 @@ bool Database::isAt(const QString &path) const
 
 void Database::saveAs(const QString &newPath, const FileProgress &progress)
 {
-    const QString folder = QFileInfo(newPath).path();
-    const QString unfinished = folder + u"/.obelmark-saved.tmp"_s;
+    const QString unfinished = QFileInfo(newPath).path() + u"/.obelmark-saved.tmp"_s;
     d->connection().tryExec("rollback");
     compactVerified(d->connection(), unfinished, d->place()->mode(), progress);
     const auto cleanUp = qScopeGuard([&] { QFile::remove(unfinished); });
-    FolderSteps steps;
-    // A second name never replaces a file; where there are none, a look before has to do.
-    if (!steps.link(unfinished, newPath)) {
-        if (QFileInfo::exists(newPath))
-            throw EngineError(int(PathFileAccess), u"%1: There is a file of that name"_s.arg(newPath));
-        steps.rename(unfinished, newPath);
-    }
-    steps.keep();
-    flushToDisk(folder);
+    publish(unfinished, newPath);
 }
 
 void Database::setFaultHook(const FaultHook &faultHook)

@@ -3,6 +3,7 @@
 #include "engine/care/FaultHook.h"
 #include "engine/care/FilePlace.h"
 #include "engine/care/FileProgress.h"
+#include "engine/care/FileVersions.h"
 #include "engine/rows/Dynaset.h"
 #include "engine/rows/Snapshot.h"
 #include <QString>
@@ -27,13 +28,15 @@ public:
         Exclusive,
     };
 
-    /// \a requiredTables must be there, else the file is no database of ours (UnrecognizedFormat).
+    /// \a requiredTables must be there, else the file is no database of ours (UnrecognizedFormat). A file
+    /// opened exclusively is first brought to the newest of its \a versions.
     /// \a progress is told while companions are filled (FileStage::Ordering).
     /// \throws DatabaseFileNotFound, InvalidPath, FileInUse, DatabaseDamaged, UnrecognizedFormat,
-    ///         PermissionDenied
+    ///         PermissionDenied, NewerVersion, what bringUpToDate() throws
     static std::unique_ptr<Database> open(const QString &path, Access access,
                                           const QStringList &requiredTables, const FaultHook &faultHook = {},
-                                          const FileProgress &progress = {});
+                                          const FileProgress &progress = {},
+                                          const FileVersions &versions = {});
 
     /// Lets everybody have the file, as if it were closed; only looking at its state and saveAs() are
     /// possible from then on. Every recordset still open on it answers ObjectClosed.

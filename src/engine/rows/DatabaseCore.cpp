@@ -1,10 +1,10 @@
 #include "engine/rows/DatabaseCore.h"
+#include "engine/care/Companions.h"
 #include "engine/care/FileSoundness.h"
 #include "engine/care/LockedFile.h"
 #include "engine/care/SalvageFile.h"
 #include "engine/language/EngineError.h"
 #include "engine/language/SqlFunctions.h"
-#include "engine/rows/Companions.h"
 #include "engine/rows/OrderedTable.h"
 #include <QDir>
 #include <QFileInfo>
@@ -48,16 +48,24 @@ void configure(SQLite::Database &connection)
 } // namespace
 
 DatabaseCore::DatabaseCore(const QString &path, Database::Access access, const QStringList &requiredTables,
-                           const FaultHook &faultHook, const FileProgress &progress)
+                           const FaultHook &faultHook, const FileProgress &progress,
+                           const FileVersions &versions)
     : m_path(existingFile(path)), m_access(access), m_faultHook(faultHook)
 {
     meetFault(FaultPoint::Open);
     withSqlErrors({SqlActivity::Kind::Opening, m_path, {}}, [&] {
         connect(access);
+        const bool isVersioned = access == Database::Access::Exclusive && versions.applicationId != 0;
+        if (isVersioned)
+            requireKnownVersion(*m_connection, versions);
         m_schema.emplace(*m_connection);
         checkTables(requiredTables);
         if (access == Database::Access::Exclusive)
             requireSound(*m_connection, *m_schema);
+        if (isVersioned) {
+            bringUpToDate(*m_connection, m_path, m_place->mode(), versions, progress);
+            m_schema.emplace(*m_connection);
+        }
         if (!sqlite3_db_readonly(m_connection->getHandle(), "main"))
             fillCompanions(*m_connection, *m_schema, access == Database::Access::Shared, progress);
         learnPlace();

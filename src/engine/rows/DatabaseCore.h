@@ -32,7 +32,7 @@ class DatabaseCore
 {
 public:
     DatabaseCore(const QString &path, Database::Access access, const QStringList &requiredTables,
-                 const FaultHook &faultHook, const FileProgress &progress);
+                 const FaultHook &faultHook, const FileProgress &progress, const FileVersions &versions);
     ~DatabaseCore();
     DatabaseCore(const DatabaseCore &) = delete;
     DatabaseCore &operator=(const DatabaseCore &) = delete;

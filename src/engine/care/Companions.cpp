@@ -1,4 +1,4 @@
-#include "engine/rows/Companions.h"
+#include "engine/care/Companions.h"
 #include "engine/care/WatchedWork.h"
 #include "engine/language/Schema.h"
 #include "engine/language/SqlFunctions.h"
@@ -16,39 +16,48 @@ namespace {
 /// One companion column of a table, as SQL.
 struct Filling
 {
-    std::string table; ///< with the index to be used
+    std::string table;
+    std::string hint; ///< the index of the stale rows, if there is one
     std::string text;
     std::string companion;
 
     std::string staleRows() const { return companion + " is null and " + text + " is not null"; }
     bool isNeeded(SQLite::Database &connection) const
     {
-        return connection.execAndGet("select exists(select 1 from " + table + " where " + staleRows() + ")")
+        return connection
+            .execAndGet("select exists(select 1 from " + table + hint + " where " + staleRows() + ")")
             .getInt();
     }
-    void run(SQLite::Database &connection) const
+    void run(SQLite::Database &connection) const { write(connection, hint, staleRows()); }
+    /// Only those rows are written that another companion belongs to.
+    void runAnew(SQLite::Database &connection) const
     {
-        connection.exec("update " + table + " set " + companion + " = " + foldSqlFunction + "(" + text +
-                        ") where " + staleRows());
+        write(connection, {}, companion + " is not " + folded());
+    }
+
+private:
+    std::string folded() const { return std::string(foldSqlFunction) + "(" + text + ")"; }
+    void write(SQLite::Database &connection, const std::string &index, const std::string &rows) const
+    {
+        connection.exec("update " + table + index + " set " + companion + " = " + folded() + " where " +
+                        rows);
     }
 };
 
-std::vector<Filling> neededFillings(SQLite::Database &connection, const Schema &schema)
+std::vector<Filling> allFillings(const Schema &schema)
 {
-    std::vector<Filling> needed;
+    std::vector<Filling> all;
     for (const auto &table : schema.tables()) {
         for (const Column &column : table->columns()) {
             if (column.companion < 0)
                 continue;
             const QString index = table->name() + u'_' + column.name + "_stale"_L1;
             const std::string hint = schema.hasIndex(index) ? " indexed by " + quoted(index) : std::string();
-            const Filling filling{quoted(table->name()) + hint, quoted(column.name),
-                                  quoted(table->column(column.companion).name)};
-            if (filling.isNeeded(connection))
-                needed.push_back(filling);
+            all.push_back({quoted(table->name()), hint, quoted(column.name),
+                           quoted(table->column(column.companion).name)});
         }
     }
-    return needed;
+    return all;
 }
 
 } // namespace
@@ -56,7 +65,8 @@ std::vector<Filling> neededFillings(SQLite::Database &connection, const Schema &
 void fillCompanions(SQLite::Database &connection, const Schema &schema, bool mayWait,
                     const FileProgress &progress)
 {
-    const std::vector<Filling> needed = neededFillings(connection, schema);
+    std::vector<Filling> needed = allFillings(schema);
+    std::erase_if(needed, [&](const Filling &filling) { return !filling.isNeeded(connection); });
     if (needed.empty())
         return;
     try {
@@ -70,6 +80,12 @@ void fillCompanions(SQLite::Database &connection, const Schema &schema, bool may
         if (!mayWait || error.getErrorCode() != SQLITE_BUSY)
             throw;
     }
+}
+
+void refillCompanions(SQLite::Database &connection, const Schema &schema)
+{
+    for (const Filling &filling : allFillings(schema))
+        filling.runAnew(connection);
 }
 
 } // namespace obelmark

@@ -16,4 +16,7 @@ class Schema;
 void fillCompanions(SQLite::Database &connection, const Schema &schema, bool mayWait,
                     const FileProgress &progress);
 
+/// Makes every companion anew that its text does not fold to.
+void refillCompanions(SQLite::Database &connection, const Schema &schema);
+
 } // namespace obelmark
