@@ -23,13 +23,14 @@ void Like::folds_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("folded");
     QTest::newRow("ascii") << u"KM 12-A [x]"_s << u"km 12-a [x]"_s;
-    QTest::newRow("accents") << u"Écu Ångström Łódź"_s << u"ecu angstrom łodz"_s;
+    QTest::newRow("accents") << u"Écu Ångström Łódź"_s << u"ecu angstrom lodz"_s;
     QTest::newRow("already decomposed") << u"e\u0301cu"_s << u"ecu"_s;
     QTest::newRow("sharp s, ligature") << u"Groß \uFB01n"_s << u"gross fin"_s;
     QTest::newRow("greek, final sigma") << u"ΔΡΑΧΜΉ ΛΌΓΟΣ λόγος"_s << u"δραχμη λογοσ λογοσ"_s;
     QTest::newRow("cyrillic") << u"РУБЛЁВЫЙ"_s << u"рублевыи"_s;
     QTest::newRow("turkish dotted capital") << u"İSTANBUL"_s << u"istanbul"_s;
-    QTest::newRow("vietnamese") << u"Đồng Việt"_s << u"đong viet"_s;
+    QTest::newRow("letters of their own") << u"Æbeløe ǾÞÐ Ħı Œuf ƏSƏR"_s << u"aebeloe othd hi oeuf eser"_s;
+    QTest::newRow("vietnamese") << u"Đồng Việt"_s << u"dong viet"_s;
     QTest::newRow("arabic points") << u"دِينَار"_s << u"دينار"_s;
     QTest::newRow("hebrew points") << u"שֶׁקֶל"_s << u"שקל"_s;
     QTest::newRow("devanagari keeps its vowel signs") << u"रुपये"_s << u"रुपये"_s;
