@@ -3,7 +3,10 @@ add_library(obelmark_flags INTERFACE)
 target_compile_features(obelmark_flags INTERFACE cxx_std_20)
 target_compile_options(obelmark_flags INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
-  -Wimplicit-fallthrough -Werror -fno-strict-overflow)
+  -Wimplicit-fallthrough -fno-strict-overflow)
+if(OBELMARK_WERROR)
+  target_compile_options(obelmark_flags INTERFACE -Werror)
+endif()
 target_compile_definitions(obelmark_flags INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_CAST_FROM_BYTEARRAY
   QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_STRICT_ITERATORS QT_NO_FOREACH

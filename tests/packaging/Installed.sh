@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs the build and uses what is there as a desktop and its user would: Installed.sh BUILD
+# Installs the build, or the Debian package that was made of it, and uses what is there as a desktop and its user would:
+# Installed.sh BUILD [PACKAGE]
 set -euo pipefail
 # shellcheck source=tools/setup.sh
 source "$(dirname "${BASH_SOURCE[0]}")/../../tools/setup.sh"
@@ -11,7 +12,16 @@ open_screen
 system=$scratch/system
 prefix=$system/usr
 delivered=$prefix/share/obelmark
-cmake --install "$build" --prefix "$prefix" >/dev/null
+if (($# == 1)); then
+    cmake --install "$build" --prefix "$prefix" >/dev/null
+else
+    # Into a system of its own: the machine stays as it is. The libraries are those of the machine.
+    apt-get --simulate install "$(realpath "$2")" >/dev/null || die "what the package depends on cannot be had"
+    mkdir -p "$system"/var/lib/dpkg/{info,updates}
+    touch "$system/var/lib/dpkg/status"
+    dpkg --root="$system" --force-not-root --force-depends --install "$2" >"$scratch/dpkg.log" 2>&1 ||
+        die "the package cannot be installed: $(cat "$scratch/dpkg.log")"
+fi
 
 # --- what desktops and software centres read ---
 
