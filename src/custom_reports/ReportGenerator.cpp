@@ -31,27 +31,6 @@ constexpr float twipsPerCentimetre = 561.6F;
 constexpr int pageNumberAtBottom = 0;
 constexpr int pageNumberInHeader = 1;
 
-/// How the cells of a row are put together for a target.
-struct RowForm
-{
-    QStringView rowBegin;
-    QStringView rowEnd;
-    QStringView cellBegin;
-    QStringView numberBegin;
-    QStringView cellEnd;
-    QStringView noTotal; ///< in a totals row, the cell of a column without a total
-    int dropped;         ///< so many characters behind the last cell do not belong to the row
-};
-
-constexpr RowForm previewForm{u"", u";", u"", u"", u"|", u"|", 1};
-constexpr RowForm textForm{u"", u"", u"", u"", u"\t", u"\t", 1};
-constexpr RowForm htmlForm{u"<tr>", u"</tr>", u"<td>", u"<td align=right>", u"</td>", u"<TD>&nbsp;</TD>", 0};
-
-const RowForm &formFor(Kind kind)
-{
-    return kind == Kind::Preview ? previewForm : kind == Kind::TextFile ? textForm : htmlForm;
-}
-
 /// Whether the error says that the query is at fault, and not the database.
 bool isRejection(const EngineError &error)
 {
@@ -63,7 +42,7 @@ class Generation
 {
 public:
     Generation(const ReportDefinition &report, SharedState &shared, ReportTarget &target)
-        : m_report(report), m_shared(shared), m_target(target), m_form(formFor(target.kind()))
+        : m_report(report), m_shared(shared), m_target(target)
     {
         for (const CatalogueField *field : report.printedFields()) {
             const FieldOptions &options = report.optionsOf(*field);
@@ -119,7 +98,6 @@ private:
         if (std::exchange(m_hasBegun, true))
             return;
         const ReportTable table = reportTable(m_report);
-        m_tableFormat = table.TableFormat;
         QString header =
             (m_report.dateInHeader ? formatShortDate(Date::today(), m_shared.regional) : QString()) + u'|' +
             m_report.title + u'|';
@@ -143,59 +121,39 @@ private:
 
     void addRow(const ForwardOnly &row)
     {
-        m_row.resize(0);
-        m_row += m_form.rowBegin;
+        m_row.clear();
         int position = 0;
         for (Column &column : m_columns) {
             const Value value = row.value(position++);
-            if (column.showTotal && column.field->datatype == FieldKind::Number)
+            const bool isNumber = column.field->datatype == FieldKind::Number;
+            if (column.showTotal && isNumber)
                 column.total.add(value);
-            addCell(column, cellText(value, column.field->datatype, column.isCurrency, m_shared.regional));
+            m_row.push_back({cellText(value, column.field->datatype, column.isCurrency, m_shared.regional),
+                             isNumber ? WebCell::Right : WebCell::Left});
         }
-        finishRow();
+        m_target.addRow(m_row);
     }
 
     void addTotals()
     {
-        m_row.resize(0);
-        m_row += m_form.rowBegin;
+        m_row.clear();
         bool any = false;
         for (const Column &column : m_columns) {
             any = any || column.showTotal;
             if (column.showTotal)
-                addCell(column, column.total.text(column.isCurrency, m_shared.regional), true);
+                m_row.push_back({column.total.text(column.isCurrency, m_shared.regional), WebCell::Right});
             else
-                m_row += m_form.noTotal;
+                m_row.push_back({{}, WebCell::NoTotal});
         }
         if (any)
-            finishRow();
-    }
-
-    void addCell(const Column &column, QStringView text, bool isTotal = false)
-    {
-        const bool isNumber = isTotal || column.field->datatype == FieldKind::Number;
-        m_row += isNumber ? m_form.numberBegin : m_form.cellBegin;
-        m_row += text;
-        m_row += m_form.cellEnd;
-    }
-
-    void finishRow()
-    {
-        m_row.chop(m_form.dropped);
-        m_row += m_form.rowEnd;
-        if (m_target.kind() == Kind::Preview)
-            m_target.addTable(m_tableFormat, m_row);
-        else
-            m_target.addLine(m_row);
+            m_target.addRow(m_row);
     }
 
     const ReportDefinition &m_report;
     SharedState &m_shared;
     ReportTarget &m_target;
-    const RowForm &m_form;
     std::vector<Column> m_columns;
-    QString m_tableFormat;
-    QString m_row;
+    ReportRow m_row;
     bool m_hasBegun = false;
 };
 

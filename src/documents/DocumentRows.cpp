@@ -2,6 +2,11 @@
 
 namespace obelmark {
 
+QList<QStringView> cellsOf(QStringView text)
+{
+    return text.split(cellSeparator);
+}
+
 void DocumentRows::add(QStringView text, Look look)
 {
     if (m_size % rowsInBlock == 0) {

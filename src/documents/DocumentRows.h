@@ -1,11 +1,18 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace obelmark {
+
+/// What stands between the cells of a row's text.
+inline constexpr QChar cellSeparator = u'\x1f';
+
+/// The cells of a row's text.
+QList<QStringView> cellsOf(QStringView text);
 
 /// The rows of a report: their texts as UTF-8, and 8 bytes for each about its look.
 class DocumentRows

@@ -35,6 +35,11 @@ void ReportDocument::addTable(QStringView format, QStringView body)
     d->layout->addTable(format, body);
 }
 
+void ReportDocument::addRow(QStringView format, const QList<QStringView> &cells)
+{
+    d->layout->addRow(format, cells);
+}
+
 void ReportDocument::end()
 {
     d->changed(Change::Pages);

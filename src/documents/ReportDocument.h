@@ -76,6 +76,8 @@ public:
     /// A table that is wider than the page gets narrower columns; cells beyond its columns get columns of
     /// their own. \throws std::length_error for more than 4,096 different formats
     void addTable(QStringView format, QStringView body);
+    /// Adds a row by its cells, whatever signs are in them. \throws as addTable()
+    void addRow(QStringView format, const QList<QStringView> &cells);
     void end();
     /// Takes over the report of another document, which is left with the one that was here.
     void take(ReportDocument &finished);

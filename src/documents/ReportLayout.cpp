@@ -27,18 +27,12 @@ double PlacedColumn::textWidth() const
 
 QList<QStringView> ReportLayout::RowPart::cells() const
 {
-    return splitCells(text, qsizetype(columns->size()));
+    return cellsOf(text);
 }
 
 double ReportLayout::RowPart::textTop() const
 {
     return top + rowPadding / 2;
-}
-
-/// A cell's line breaks as one letter each.
-static QString withPlainBreaks(QStringView text)
-{
-    return text.toString().replace("\r\n"_L1, "\n"_L1).replace(u'\r', u'\n');
 }
 
 ReportLayout::ReportLayout(const PageSetup &page)
@@ -108,7 +102,7 @@ int ReportLayout::formatOf(QStringView text, qsizetype cells)
 int ReportLayout::countLines(QStringView row, const PlacedColumns &columns) const
 {
     int lines = 1;
-    const QList<QStringView> cells = splitCells(row, qsizetype(columns.size()));
+    const QList<QStringView> cells = cellsOf(row);
     for (std::size_t i = 0; i < std::size_t(cells.size()); ++i) {
         const CellText cell(m_bodyFont, cells[qsizetype(i)], columns[i].textWidth(), columns[i].alignRight);
         lines = qMax(lines, cell.lineCount());
@@ -118,19 +112,38 @@ int ReportLayout::countLines(QStringView row, const PlacedColumns &columns) cons
 
 void ReportLayout::addTable(QStringView format, QStringView body)
 {
-    for (const QStringView row : splitRows(body)) {
-        if (row.contains(u'\r'))
-            addRow(format, withPlainBreaks(row));
-        else
-            addRow(format, row);
-    }
+    for (const QStringView row : splitRows(body))
+        addRow(format, splitCells(row));
 }
 
-void ReportLayout::addRow(QStringView format, QStringView row)
+/// The cells as DocumentRows has them: those beyond the columns are part of the last one, and a line break is
+/// one letter.
+QString ReportLayout::rowText(const QList<QStringView> &cells, qsizetype columns) const
 {
-    const int number = formatOf(format, row.count(u'|') + 1);
-    const int lines = countLines(row, m_formats[std::size_t(number)].placed);
-    m_rows.add(row, {number, lines});
+    QString text;
+    for (qsizetype i = 0; i < cells.size(); ++i) {
+        if (i > 0)
+            text += i < columns ? cellSeparator : u'|';
+        const qsizetype begin = text.size();
+        text += cells[i];
+        if (const QStringView cell = cells[i]; cell.contains(u'\r') || cell.contains(cellSeparator)) {
+            text.truncate(begin);
+            text += cell.toString()
+                        .replace("\r\n"_L1, "\n"_L1)
+                        .replace(u'\r', u'\n')
+                        .replace(cellSeparator, u' ');
+        }
+    }
+    return text;
+}
+
+void ReportLayout::addRow(QStringView format, const QList<QStringView> &cells)
+{
+    const int number = formatOf(format, cells.size());
+    const PlacedColumns &columns = m_formats[std::size_t(number)].placed;
+    const QString text = rowText(cells, qsizetype(columns.size()));
+    const int lines = countLines(text, columns);
+    m_rows.add(text, {number, lines});
     m_breaker.add(lines);
 }
 
@@ -151,9 +164,11 @@ void ReportLayout::layOutFrame()
     m_heading.top = top;
     BodyMeasures measures{bottom - top, m_bodyFont.lineHeight(), rowPadding};
     if (m_setup.heading) {
-        m_heading.text = withPlainBreaks(m_setup.heading->row).section(u';', 0, 0);
-        const int format = formatOf(m_setup.heading->format, m_heading.text.count(u'|') + 1);
+        const QList<QStringView> rows = splitRows(m_setup.heading->row);
+        const QList<QStringView> cells = splitCells(rows.isEmpty() ? QStringView() : rows.front());
+        const int format = formatOf(m_setup.heading->format, cells.size());
         m_heading.columns = &m_formats[std::size_t(format)].placed;
+        m_heading.text = rowText(cells, qsizetype(m_heading.columns->size()));
         // However long the headings are, half of the page is for the rows.
         m_heading.lineCount = qMin(countLines(m_heading.text, *m_heading.columns),
                                    qMax(1, measures.linesIn(measures.height / 2)));

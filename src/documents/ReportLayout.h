@@ -35,7 +35,7 @@ public:
     /// A row, or as many of its lines as are on one page.
     struct RowPart
     {
-        QString text;
+        QString text; ///< as DocumentRows has it
         const PlacedColumns *columns;
         double top; ///< in twips, on the page
         int firstLine;
@@ -55,6 +55,7 @@ public:
 
     void start(const ReportPageSetup &setup);
     void addTable(QStringView format, QStringView body);
+    void addRow(QStringView format, const QList<QStringView> &cells);
 
     const PageSetup &page() const { return m_page; }
     /// Deals the rows out anew.
@@ -96,7 +97,7 @@ private:
     PlacedColumns place(const QList<TableColumn> &columns) const;
     int formatOf(QStringView text, qsizetype cells);
     int countLines(QStringView row, const PlacedColumns &columns) const;
-    void addRow(QStringView format, QStringView row);
+    QString rowText(const QList<QStringView> &cells, qsizetype columns) const;
     void layOutFrame();
 
     ReportFont m_bodyFont;

@@ -35,12 +35,11 @@ std::optional<ReportMatch> findText(const ReportLayout &layout, const QString &t
         const QString rowText = layout.rows().text(row);
         if (!rowText.contains(text, anyCase))
             continue;
-        forEachMatch(splitCells(rowText, qsizetype(layout.columnsOf(row).size())), text,
-                     [&](qsizetype cell, qsizetype at) {
-                         const ReportMatch match{row, cell, at};
-                         if (forwards ? match > from && !best : match < from)
-                             best = match;
-                     });
+        forEachMatch(cellsOf(rowText), text, [&](qsizetype cell, qsizetype at) {
+            const ReportMatch match{row, cell, at};
+            if (forwards ? match > from && !best : match < from)
+                best = match;
+        });
     }
     return best;
 }
@@ -49,7 +48,7 @@ int lineOf(const ReportLayout &layout, const ReportMatch &match)
 {
     const PlacedColumns &columns = layout.columnsOf(match.row);
     const QString row = layout.rows().text(match.row);
-    const QList<QStringView> cells = splitCells(row, qsizetype(columns.size()));
+    const QList<QStringView> cells = cellsOf(row);
     return cellText(layout, columns[std::size_t(match.cell)], cells[match.cell]).lineAt(match.at);
 }
 

@@ -39,18 +39,9 @@ QList<QStringView> splitRows(QStringView body)
     return rows;
 }
 
-QList<QStringView> splitCells(QStringView row, qsizetype most)
+QList<QStringView> splitCells(QStringView row)
 {
-    QList<QStringView> cells;
-    while (cells.size() + 1 < most) {
-        const qsizetype end = row.indexOf(u'|');
-        if (end < 0)
-            break;
-        cells.append(row.first(end));
-        row = row.sliced(end + 1);
-    }
-    cells.append(row);
-    return cells;
+    return row.split(u'|');
 }
 
 } // namespace obelmark

@@ -16,7 +16,7 @@ struct TableColumn
 
 /// The width of a column whose own is missing or no number, and of the columns for cells beyond the last one.
 inline constexpr double defaultColumnWidth = 1440;
-/// A row may have so many cells beyond its columns; the last one then holds the rest of the row.
+/// A row may have so many cells beyond its columns; the last one then holds the rest of the row, "|" between.
 inline constexpr int mostExtraCells = 8;
 
 /// The columns of "2880|1440|>1123.2;": widths in twips, ">" before one aligns its column to the right.
@@ -26,7 +26,7 @@ QList<TableColumn> parseTableFormat(QStringView format);
 /// a ";" in a value ends its row.
 QList<QStringView> splitRows(QStringView body);
 
-/// The cells of a row, separated by "|", at most that many: the last one takes the rest of the row as it is.
-QList<QStringView> splitCells(QStringView row, qsizetype most);
+/// The cells of a row, separated by "|".
+QList<QStringView> splitCells(QStringView row);
 
 } // namespace obelmark

@@ -66,12 +66,55 @@ void FileTarget::finishEmpty()
     FileTarget::FinishReportOutput();
 }
 
-void TextFileTarget::StartReportOutput(const ReportOpening &) {}
+void TextFileTarget::StartReportOutput(const ReportOpening &opening)
+{
+    m_asTable = opening.textAsTable;
+}
+
+void TextFileTarget::addRow(const ReportRow &row)
+{
+    m_line.resize(0);
+    for (const ReportValue &value : row) {
+        m_line += value.text;
+        m_line += u'\t';
+    }
+    m_line.chop(1);
+    if (m_asTable)
+        m_line.remove(u';').replace(u'|', u'\t');
+    addLine(m_line);
+}
 
 void HtmlFileTarget::StartReportOutput(const ReportOpening &opening)
 {
     for (const QString &line : opening.htmlLines)
         addLine(line);
+}
+
+void HtmlFileTarget::addRow(const ReportRow &row)
+{
+    m_line.resize(0);
+    m_line += "<tr>"_L1;
+    for (const auto &[text, web] : row) {
+        switch (web) {
+        case WebCell::Left:
+            m_line += "<td>"_L1 + text + "</td>"_L1;
+            break;
+        case WebCell::Right:
+            m_line += "<td align=right>"_L1 + text + "</td>"_L1;
+            break;
+        case WebCell::Mark:
+            m_line += "<td align=center>"_L1 + text.trimmed() + "</td>"_L1;
+            break;
+        case WebCell::Blank:
+            m_line += "<td>&nbsp;</td>"_L1;
+            break;
+        case WebCell::NoTotal:
+            m_line += "<TD>&nbsp;</TD>"_L1;
+            break;
+        }
+    }
+    m_line += "</tr>"_L1;
+    addLine(m_line);
 }
 
 void HtmlFileTarget::FinishReportOutput()

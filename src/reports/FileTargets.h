@@ -33,6 +33,11 @@ public:
     explicit TextFileTarget(const QString &path) : FileTarget(path) {}
     Kind kind() const override { return Kind::TextFile; }
     void StartReportOutput(const ReportOpening &opening) override;
+    void addRow(const ReportRow &row) override;
+
+private:
+    bool m_asTable = false;
+    QString m_line;
 };
 
 class HtmlFileTarget final : public FileTarget
@@ -41,7 +46,11 @@ public:
     explicit HtmlFileTarget(const QString &path) : FileTarget(path) {}
     Kind kind() const override { return Kind::HtmlFile; }
     void StartReportOutput(const ReportOpening &opening) override;
+    void addRow(const ReportRow &row) override;
     void FinishReportOutput() override;
+
+private:
+    QString m_line;
 };
 
 } // namespace obelmark

@@ -14,6 +14,7 @@ PreviewTarget::~PreviewTarget()
 
 void PreviewTarget::StartReportOutput(const ReportOpening &opening)
 {
+    m_tableFormat = opening.TableFormat;
     m_shared.TableFormat = opening.TableFormat;
     m_shared.TableHeading = opening.TableHeading;
     m_shared.desktop.setHourglass(true);
@@ -23,6 +24,27 @@ void PreviewTarget::StartReportOutput(const ReportOpening &opening)
     if (m_shared.RepeatHeading)
         setup.heading = {opening.TableFormat, opening.TableHeading, 0xFF000000 | m_shared.HeadingShade};
     m_report->start(setup);
+}
+
+void PreviewTarget::addRow(const ReportRow &row)
+{
+    QList<QStringView> cells;
+    cells.reserve(qsizetype(row.size()));
+    bool isGrammar = false;
+    for (const ReportValue &value : row) {
+        cells.append(value.text);
+        isGrammar = isGrammar || value.text.contains(u';') || value.text.contains(u'|');
+    }
+    if (!isGrammar) {
+        m_report->addRow(m_tableFormat, cells);
+        return;
+    }
+    // In the preview a ";" of a value ends its row, and a "|" its cell.
+    QString body;
+    for (const QStringView cell : cells)
+        body += cell + u'|';
+    body.back() = u';';
+    m_report->addTable(m_tableFormat, body);
 }
 
 void PreviewTarget::addTable(QStringView format, QStringView body)

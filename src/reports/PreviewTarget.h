@@ -15,6 +15,7 @@ public:
 
     Kind kind() const override { return Kind::Preview; }
     void StartReportOutput(const ReportOpening &opening) override;
+    void addRow(const ReportRow &row) override;
     void addTable(QStringView format, QStringView body) override;
     void addLine(QStringView line) override;
     void FinishReportOutput() override;
@@ -24,6 +25,7 @@ private:
     SharedState &m_shared;
     ReportPreview &m_preview;
     std::optional<ReportDocument> m_report; ///< the one being made
+    QString m_tableFormat;
 };
 
 } // namespace obelmark

@@ -5,7 +5,7 @@
 #include "reports/CannedReport.h"
 #include "reports/ReportRows.h"
 #include "reports/ReportTarget.h"
-#include "reports/RowTexts.h"
+#include "reports/RowValues.h"
 #include "reports/RunningSums.h"
 #include "runtime/Formats.h"
 #include <QScopeGuard>
@@ -37,7 +37,8 @@ ReportOpening openingOf(const CannedReport &report, const RegionalSettings &regi
             .TableHeading = report.headings + u';',
             .pageHeader = u"%1|%2|Page %d"_s.arg(formatShortDate(Date::today(), regional), report.title),
             .pageFooter = {},
-            .htmlLines = htmlLines(report)};
+            .htmlLines = htmlLines(report),
+            .textAsTable = true};
 }
 
 void addTotals(ReportTarget &target, const CannedReport &report, const RunningSums &sums)
@@ -70,21 +71,11 @@ void makeReport(const CannedReport &report, SharedState &shared, ReportPreview &
         return;
     target->StartReportOutput(openingOf(report, shared.regional));
 
-    RowTexts texts(report.cells, shared.regional);
+    RowValues values(report.cells, shared.regional);
     RunningSums sums(report.sums, shared.regional);
     const RowsRead read = forEachRow(shared, report.query, [&](const ForwardOnly &row) {
         sums.add(row);
-        switch (kind) {
-        case Kind::Preview:
-            target->addTable(report.TableFormat, texts.previewRow(row));
-            break;
-        case Kind::TextFile:
-            target->addLine(texts.textLine(row));
-            break;
-        case Kind::HtmlFile:
-            target->addLine(texts.htmlLine(row));
-            break;
-        }
+        target->addRow(values.of(row));
     });
     if (read == RowsRead::None) {
         target->finishEmpty();

@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 #include <memory>
+#include <vector>
 
 namespace obelmark {
 
@@ -27,7 +28,26 @@ struct ReportOpening
     QString pageFooter;   ///< preview: the same for the foot of the page; may be empty
     bool landscape = false;
     QStringList htmlLines; ///< web table: every line before the first row
+    /// Text file: values are written as the preview has them, a ";" left out, a "|" beginning a cell.
+    bool textAsTable = false;
 };
+
+/// How a web table shows a cell of a row.
+enum class WebCell {
+    Left,
+    Right,
+    Mark,    ///< in the middle, without the blanks around it
+    Blank,   ///< a blank
+    NoTotal, ///< a blank, below a column without a total
+};
+
+/// A cell of a report's row.
+struct ReportValue
+{
+    QString text;
+    WebCell web = WebCell::Left;
+};
+using ReportRow = std::vector<ReportValue>;
 
 /// Where one report goes: to the preview, into a text file or into a web table.
 class ReportTarget
@@ -50,6 +70,8 @@ public:
 
     /// \throws ReportFileError, as all that follow
     virtual void StartReportOutput(const ReportOpening &opening) = 0;
+    /// One row of the report, in the columns that it has begun with.
+    virtual void addRow(const ReportRow &row) = 0;
     /// Preview only: one table, its columns and its rows in the table grammar.
     virtual void addTable(QStringView format, QStringView body) = 0;
     /// Files only: one line, without its end.

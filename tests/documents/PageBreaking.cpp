@@ -83,8 +83,8 @@ private slots:
         QCOMPARE(parseTableFormat(u";"), QList<TableColumn>());
         QCOMPARE(splitRows(u"a|b;;c; d"), (QList<QStringView>{u"a|b", u"", u"c", u" d"}));
         QCOMPARE(splitRows(u"a;"), QList<QStringView>{u"a"});
-        QCOMPARE(splitCells(u"|a||b|c", 4), (QList<QStringView>{u"", u"a", u"", u"b|c"}));
-        QCOMPARE(splitCells(u"", 3), QList<QStringView>{u""});
+        QCOMPARE(splitCells(u"|a||b"), (QList<QStringView>{u"", u"a", u"", u"b"}));
+        QCOMPARE(splitCells(u""), QList<QStringView>{u""});
     }
 
     // Ten lines fit on a page, nine with the padding of a row.
@@ -325,6 +325,10 @@ private slots:
             backwards.prepend(at = *next);
         QCOMPARE(forwards, (QList<ReportMatch>{{0, 0, 0}, {0, 0, 5}, {0, 1, 0}, {2, 1, 2}}));
         QCOMPARE(backwards, forwards);
+        // Signs of the grammar are letters in a row that is added by its cells.
+        document.addRow(fiveColumns, {u"a;b|c", u"d"});
+        QVERIFY(document.pageText(0).endsWith("\na;b|c\td"_L1));
+        QCOMPARE(document.find(u"b|c"_s, {0, -1, -1}, SearchDirection::Forwards), (ReportMatch{3, 0, 2}));
         // Text never reaches from one cell into the next.
         QVERIFY(!document.find(u"dime|D"_s, {0, -1, -1}, SearchDirection::Forwards));
     }
