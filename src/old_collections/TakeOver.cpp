@@ -107,8 +107,10 @@ std::optional<QString> takeOver(const KnownFile &known, const QString &path, Des
     const TakeOverReport report = fillNewFile(known, path, newPath, desktop);
     const TakeOverReport::Table *keyTable = report.table(known.keyTable);
     if (!keyTable || !keyTable->isInOldFile)
-        throw OldFileError(report.readToEnd ? u"It has no table '%1'."_s.arg(known.keyTable)
-                                            : u"It is damaged and cannot be read."_s);
+        throw OldFileError(
+            report.readToEnd
+                ? u"It has no table '%1':  it is damaged, or no file of this program."_s.arg(known.keyTable)
+                : u"It is damaged and cannot be read."_s);
     if (!keyTable->hasKey || (keyTable->taken == 0 && keyTable->declared > 0))
         throw OldFileError(u"It is damaged: no record of its table '%1' can be read."_s.arg(known.keyTable));
     if (report.isDamaged() &&

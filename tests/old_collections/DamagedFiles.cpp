@@ -66,7 +66,7 @@ void DamagedFiles::refused_data()
                                    << u"It is damaged: its list of tables cannot be read."_s;
     QTest::newRow("nothing but the head") << whole.first(100) << u"It cannot be opened or is damaged."_s;
     QTest::newRow("other tables") << QByteArray(whole).replace("C\0o\0i\0n\0"_ba, "C\0a\0r\0d\0"_ba)
-                                  << u"It has no table 'Coin'."_s;
+                                  << u"It has no table 'Coin':  it is damaged, or no file of this program."_s;
     QTest::newRow("names of columns")
         << QByteArray(whole).replace("c\0o\0i\0n\0i\0d\0"_ba, QByteArray(12, '\x7f'))
         << u"It is damaged: no record of its table 'Coin' can be read."_s;

@@ -276,7 +276,8 @@ void TakeOver::reportFields()
         title, Desktop::Answer::Yes);
     f.desktop.expectMessage(wholeReport, title);
     f.desktop.expectMessage(
-        u"'rptspec.mdb' could not be taken over and is as it was.\n\nIt has no table 'RptSpec'."_s, title);
+        u"'rptspec.mdb' could not be taken over and is as it was.\n\nIt has no table 'RptSpec':  it is damaged, or no file of this program."_s,
+        title);
     QVERIFY(f.takeOver());
     QCOMPARE(f.desktop.problems(), QStringList());
     QCOMPARE(f.files(), (QStringList{u"coin-old.mdb"_s, u"coin.mdb"_s, u"rptspec.mdb"_s}));
