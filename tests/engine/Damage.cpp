@@ -26,6 +26,7 @@ private slots:
     void leavesOtherFilesAlone();
     void keepsEveryDamagedFile();
     void keepsRowsWithImpossibleNumbers();
+    void endsWalksRoundInCircles();
     void bringsBackWhatIsNotHit_data();
     void bringsBackWhatIsNotHit();
 
@@ -296,6 +297,37 @@ void Damage::keepsRowsWithImpossibleNumbers()
     QCOMPARE(repairDatabase(m_path, {u"Coin"_s}).tables.first().rowsRenumbered, 1);
     QCOMPARE(m_file->shell(u"select coinid, descr from Coin"_s), u"7|a\n8|b"_s);
     QCOMPARE(firstError(), 0);
+}
+
+/// Two pages of rows in each other's places, or an index that has two rows so, would lead a walk round in
+/// circles for ever.
+void Damage::endsWalksRoundInCircles()
+{
+    const auto walk = [&](const QString &sql, const std::function<void(Dynaset &)> &move) {
+        return errorOf([&] {
+            const auto database = m_file->open();
+            const auto coins = database->openDynaset(sql);
+            coins->findFirst(u"coinid = 1000 or descr = 'k5'"_s);
+            for (int left = 2 * coinCount; left > 0 && !coins->bof() && !coins->eof(); --left)
+                move(*coins);
+        });
+    };
+    const QList<int> leaves = pages(u"Coin leaf"_s);
+    QByteArray damaged = withCopy(leaves.at(2), leaves.last());
+    setFileContent(m_path, damaged.replace((leaves.at(2) - 1) * pageSize, pageSize,
+                                           m_collection.mid((leaves.last() - 1) * pageSize, pageSize)));
+    QCOMPARE(walk(u"select * from Coin"_s, [](Dynaset &coins) { coins.moveNext(); }), int(DatabaseDamaged));
+    QCOMPARE(walk(u"select * from Coin"_s, [](Dynaset &coins) { coins.movePrevious(); }),
+             int(DatabaseDamaged));
+
+    m_file = std::make_unique<CoinFile>();
+    m_path = m_file->path();
+    for (int i = 1; i < 10; ++i)
+        m_file->shell(u"insert into Coin (descr, descrsort) values ('k%1', 'k%1')"_s.arg(i));
+    damaged = fileContent(m_path).replace("k3\3", "k3\xF").replace("k7\7", "k7\3").replace("k3\xF", "k3\7");
+    setFileContent(m_path, damaged);
+    QCOMPARE(walk(allCoins, [](Dynaset &coins) { coins.findNext(u"descr like 'k*'"_s); }),
+             int(DatabaseDamaged));
 }
 
 void Damage::bringsBackWhatIsNotHit_data()

@@ -1,6 +1,7 @@
 #include "engine/rows/OrderedTable.h"
 #include "engine/rows/ResetGuard.h"
 #include <SQLiteCpp/Column.h>
+#include <sqlite3.h>
 
 namespace obelmark {
 
@@ -11,6 +12,14 @@ namespace {
 /// match is often near.
 constexpr int nearbyRows = 1500;
 
+/// \a isBeyond: whether the row is where the index has led to it as being. If not, going on from it would
+/// lead round in circles.
+void requireTrue(const SQLite::Column &isBeyond)
+{
+    if (isBeyond.getInt() == 0)
+        throw SQLite::Exception("database disk image is malformed", SQLITE_CORRUPT);
+}
+
 } // namespace
 
 OrderedTable::OrderedTable(DatabaseCore &core, const DynasetQuery &query)
@@ -19,20 +28,18 @@ OrderedTable::OrderedTable(DatabaseCore &core, const DynasetQuery &query)
     m_selectRow = "select " + quoted(m_table.keyName());
     for (const Column &column : m_table.columns())
         m_selectRow += ", " + quoted(column.name);
-    m_selectRow += " from " + quoted(m_table.name());
 }
 
 std::optional<OrderedRow> OrderedTable::first(Direction direction)
 {
-    return readRow(m_order.orderBy(direction), {});
+    return readRow({}, m_order.orderBy(direction), {});
 }
 
 std::optional<OrderedRow> OrderedTable::next(const RowPosition &position, Direction direction)
 {
     for (const RowOrder::Stretch &stretch : m_order.stretchesBeyond(position, direction)) {
-        auto row = readRow(" where " + m_order.condition(stretch, direction) +
-                               m_order.orderBy(direction, stretch.equalColumns),
-                           position);
+        auto row = readRow(m_order.condition(stretch, direction),
+                           m_order.orderBy(direction, stretch.equalColumns), position);
         if (row)
             return row;
     }
@@ -41,15 +48,19 @@ std::optional<OrderedRow> OrderedTable::next(const RowPosition &position, Direct
 
 std::optional<OrderedRow> OrderedTable::row(qint64 key)
 {
-    return readRow(" where " + quoted(m_table.keyName()) + " = ?", {{}, key});
+    return readRow(quoted(m_table.keyName()) + " = ?1", {}, {{}, key});
 }
 
-std::optional<OrderedRow> OrderedTable::readRow(const std::string &tail, const RowPosition &position)
+std::optional<OrderedRow> OrderedTable::readRow(const std::string &condition, const std::string &order,
+                                                const RowPosition &position)
 {
     return m_core.reading({}, [&]() -> std::optional<OrderedRow> {
+        const std::string tail = (condition.empty() ? "" : " where " + condition) + order;
         auto cached = m_statements.find(tail);
         if (cached == m_statements.end()) {
-            SQLite::Statement made(m_core.connection(), m_selectRow + tail + " limit 1");
+            const std::string check = condition.empty() ? "1" : condition;
+            SQLite::Statement made(m_core.connection(), m_selectRow + ", " + check + " from " +
+                                                            quoted(m_table.name()) + tail + " limit 1");
             cached = m_statements.emplace(tail, std::move(made)).first;
         }
         SQLite::Statement &statement = cached->second;
@@ -57,6 +68,7 @@ std::optional<OrderedRow> OrderedTable::readRow(const std::string &tail, const R
         RowOrder::bindPosition(statement, position);
         if (!statement.executeStep())
             return std::nullopt;
+        requireTrue(statement.getColumn(m_table.columnCount() + 1));
 
         OrderedRow row;
         row.position.key = statement.getColumn(0).getInt64();
@@ -102,13 +114,29 @@ OrderedTable::NearbyResult OrderedTable::findNearby(const Criteria &criteria, co
         if (position)
             RowOrder::bindPosition(statement, *position);
         while (statement.executeStep()) {
-            if (statement.getColumn(1).getInt() != 0)
-                return {statement.getColumn(0).getInt64(), false};
+            if (statement.getColumn(1).getInt() != 0) {
+                const qint64 key = statement.getColumn(0).getInt64();
+                if (position)
+                    requireBeyond(key, *position, direction);
+                return {key, false};
+            }
             if (--budget == 0)
                 return {};
         }
     }
     return {std::nullopt, true};
+}
+
+/// The index said so; the row itself may say otherwise, and searching on from there would lead back here.
+void OrderedTable::requireBeyond(qint64 key, const RowPosition &position, Direction direction)
+{
+    SQLite::Statement statement(m_core.connection(),
+                                "select " + m_order.conditionBeyond(position, direction) + " from " +
+                                    quoted(m_table.name()) + " not indexed where " +
+                                    quoted(m_table.keyName()) + " = " + std::to_string(key));
+    RowOrder::bindPosition(statement, position);
+    if (statement.executeStep())
+        requireTrue(statement.getColumn(0));
 }
 
 std::optional<qint64> OrderedTable::findAnywhere(const Criteria &criteria, const RowPosition *position,

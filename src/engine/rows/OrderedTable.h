@@ -29,6 +29,7 @@ public:
 
     std::optional<OrderedRow> first(Direction direction);
     /// The nearest row beyond a position, at which there need be no row any more.
+    /// \throws EngineError (DatabaseDamaged) when the index leads to one that is not beyond it
     std::optional<OrderedRow> next(const RowPosition &position, Direction direction);
     std::optional<OrderedRow> row(qint64 key);
     /// The key of the nearest row that meets the criteria: from the end of the order, or beyond a position.
@@ -40,14 +41,16 @@ public:
     qint64 countBefore(const RowPosition &position);
 
 private:
-    /// The first row of "select ... \a tail", \a position bound to its parameters.
-    std::optional<OrderedRow> readRow(const std::string &tail, const RowPosition &position);
+    /// The first row in \a order that meets \a condition, if any; \a position bound to their parameters.
+    std::optional<OrderedRow> readRow(const std::string &condition, const std::string &order,
+                                      const RowPosition &position);
 
     struct NearbyResult
     {
         std::optional<qint64> key;
         bool allSeen = false; ///< there are no more rows than those searched
     };
+    void requireBeyond(qint64 key, const RowPosition &position, Direction direction);
     NearbyResult findNearby(const Criteria &criteria, const RowPosition *position, Direction direction);
     std::optional<qint64> findAnywhere(const Criteria &criteria, const RowPosition *position,
                                        Direction direction);
@@ -55,8 +58,8 @@ private:
     DatabaseCore &m_core;
     const TableSchema &m_table;
     RowOrder m_order;
-    std::string m_selectRow;                               ///< "select KEY, COLUMNS from TABLE"
-    std::map<std::string, SQLite::Statement> m_statements; ///< by what follows that
+    std::string m_selectRow;                               ///< "select KEY, COLUMNS"
+    std::map<std::string, SQLite::Statement> m_statements; ///< by condition and order
 };
 
 } // namespace obelmark
