@@ -22,21 +22,6 @@ bool isInternal(const SchemaObject &object)
     return object.name.startsWith("sqlite_"_L1, Qt::CaseInsensitive);
 }
 
-/// Runs a statement of the damaged file's schema. One that makes no sense must not cost the rows.
-bool tryCreate(SQLite::Database &target, const SchemaObject &object)
-{
-    if (!object.sql.startsWith("create "_L1, Qt::CaseInsensitive))
-        return false;
-    try {
-        SQLite::Statement(target, object.sql.toStdString()).exec();
-        return true;
-    } catch (const SQLite::Exception &error) {
-        if (error.getErrorCode() != SQLITE_ERROR && error.getErrorCode() != SQLITE_CONSTRAINT)
-            throw;
-        return false;
-    }
-}
-
 bool hasRowIds(SQLite::Database &target, const QString &table)
 {
     SQLite::Statement query(target, "select 1 from pragma_table_list(?1) where type = 'table' and wr = 0");
@@ -45,17 +30,68 @@ bool hasRowIds(SQLite::Database &target, const QString &table)
 }
 
 using Counters = QHash<QString, std::int64_t>;
+using Rows = std::vector<SalvagedRow>;
 
-void readCounters(SalvageFile &damaged, std::uint32_t rootPage, Counters &counters)
+/// Reads the library's own tables, all of them: their pages are no stray pages.
+Counters readInternal(SalvageFile &damaged, const SalvagedSchema &schema)
 {
     const auto isCounter = [](const SalvagedRow &row) {
         return row.values.size() == 2 && std::holds_alternative<std::string>(row.values[0]) &&
                std::holds_alternative<std::int64_t>(row.values[1]);
     };
-    damaged.readTable(rootPage, isCounter, [&](const SalvagedRow &row) {
-        if (isCounter(row))
-            counters.insert(textOf(row.values[0]), integerOf(row.values[1]));
-    });
+    Counters counters;
+    for (const SchemaObject &object : schema.objects) {
+        if (object.type != "table"_L1 || !isInternal(object))
+            continue;
+        const bool hasCounters = object.name == "sqlite_sequence"_L1;
+        damaged.readTable(
+            object.rootPage,
+            [&](const Rows &rows) {
+                return !hasCounters || std::any_of(rows.begin(), rows.end(), isCounter);
+            },
+            [&](const SalvagedRow &row) {
+                if (hasCounters && isCounter(row))
+                    counters.insert(textOf(row.values[0]), integerOf(row.values[1]));
+            });
+    }
+    return counters;
+}
+
+/// The table that the most rows are confirmed by; nullptr when there is none, or two.
+TableCopy *confirmedOwner(std::vector<TableCopy> &tables, const Rows &rows)
+{
+    TableCopy *owner = nullptr;
+    std::size_t most = 0;
+    for (TableCopy &table : tables) {
+        const std::size_t confirmed = table.confirmed(rows);
+        if (confirmed == most)
+            owner = nullptr;
+        if (confirmed > most)
+            owner = &table;
+        most = std::max(most, confirmed);
+    }
+    return owner;
+}
+
+/// Whose the rows of a page may be that no table leads to.
+std::vector<TableCopy *> likelyOwners(std::vector<TableCopy> &tables, const Rows &rows)
+{
+    if (TableCopy *owner = confirmedOwner(tables, rows))
+        return {owner};
+    const auto those = [&](const auto &are) {
+        std::vector<TableCopy *> result;
+        for (TableCopy &table : tables) {
+            if (are(table))
+                result.push_back(&table);
+        }
+        return result;
+    };
+    auto owners = those([&](TableCopy &each) { return each.knows(rows); }); // a copy of a page
+    if (owners.empty())
+        owners = those([&](TableCopy &each) { return !each.isBeyondCounter(rows) && each.misses(rows); });
+    if (owners.empty())
+        owners = those([&](TableCopy &each) { return each.alike(rows) > 0; });
+    return owners;
 }
 
 /// Gives the rows that no table leads to to the one whose they are.
@@ -63,66 +99,62 @@ void saveStrayRows(SalvageFile &damaged, std::vector<TableCopy> &tables)
 {
     using enum TableCopy::Trust;
     // First those that cannot be mistaken: of a row that is there twice, one may be what it was before.
-    damaged.readStrayPages([&](const std::vector<SalvagedRow> &rows) {
-        const auto best = std::max_element(tables.begin(), tables.end(), [&](const auto &a, const auto &b) {
-            return a.confirmed(rows) < b.confirmed(rows);
+    damaged.readStrayPages([&](const Rows &rows) {
+        TableCopy *owner = confirmedOwner(tables, rows);
+        if (owner)
+            owner->saveStray(rows, OnlyConfirmed);
+        return owner && owner->confirmed(rows) == rows.size();
+    });
+    // Of a page that may be several tables', the pages found after it may have left but one.
+    bool isUndecided = true;
+    for (std::size_t round = 0; round < tables.size() && isUndecided; ++round) {
+        isUndecided = false;
+        bool isAnySaved = false;
+        damaged.readStrayPages([&](const Rows &rows) {
+            const std::vector<TableCopy *> owners = likelyOwners(tables, rows);
+            isUndecided = isUndecided || owners.size() > 1;
+            if (owners.size() != 1)
+                return false;
+            owners.front()->saveStray(rows, damaged.knowsFreePages() ? InUse : MayBeFree);
+            isAnySaved = true;
+            return true;
         });
-        const std::size_t confirmed = best == tables.end() ? 0 : best->confirmed(rows);
-        if (confirmed > 0)
-            best->saveStray(rows, OnlyConfirmed);
-        return confirmed == rows.size();
-    });
-    damaged.readStrayPages([&](const std::vector<SalvagedRow> &rows) {
-        const auto only = [&](const auto &isOne) {
-            const auto table = std::find_if(tables.begin(), tables.end(), isOne);
-            const bool isUnique = table != tables.end() && std::none_of(table + 1, tables.end(), isOne);
-            return isUnique ? &*table : nullptr; // otherwise nobody's, or nobody knows whose
-        };
-        TableCopy *table = only([&](const TableCopy &each) { return each.misses(rows); });
-        if (!table)
-            table = only([&](const TableCopy &each) { return each.alike(rows) > 0; });
-        if (table)
-            table->saveStray(rows, damaged.knowsFreePages() ? InUse : MayBeFree);
-        return table != nullptr;
-    });
+        isUndecided = isUndecided && isAnySaved;
+    }
 }
 
 /// Makes the tables and fills them.
 std::vector<TableCopy> copyTables(SalvageFile &damaged, const SalvagedSchema &schema,
                                   SQLite::Database &target)
 {
-    Counters counters;
+    const Counters counters = readInternal(damaged, schema);
     std::vector<TableCopy> tables;
     for (const SchemaObject &object : schema.objects) {
-        if (object.type == "table"_L1 && !isInternal(object) && tryCreate(target, object) &&
+        if (object.type == "table"_L1 && !isInternal(object) && tryCreate(target, object.sql) &&
             hasRowIds(target, object.name))
-            tables.emplace_back(target, object);
+            tables.emplace_back(target, object, counters.value(object.name));
     }
     SQLite::Database scratch(":memory:", SQLite::OPEN_READWRITE);
     for (const auto type : {"table"_L1, "index"_L1}) {
         for (const SchemaObject &object : schema.objects) {
             if (object.type == type)
-                tryCreate(scratch, object);
+                tryCreate(scratch, object.sql);
         }
     }
-    for (const SchemaObject &object : schema.objects) {
-        if (object.type != "table"_L1 || !isInternal(object))
-            continue;
-        if (object.name == "sqlite_sequence"_L1)
-            readCounters(damaged, object.rootPage, counters);
-        else // read all the same: its pages are no stray pages
-            damaged.readTable(
-                object.rootPage, [](const SalvagedRow &) { return true; }, [](const SalvagedRow &) {});
-    }
-    for (TableCopy &table : tables)
-        table.copy(damaged);
     for (TableCopy &table : tables)
         table.readIndexes(damaged, schema.objects, scratch);
-    saveStrayRows(damaged, tables);
     for (TableCopy &table : tables) {
-        table.finish(counters.value(table.name()));
-        table.countLost();
+        table.copy(damaged, [&](const Rows &rows) {
+            return std::any_of(tables.begin(), tables.end(), [&](const TableCopy &each) {
+                const bool isItsEnd = each.endsWith(rows) && !table.endsWith(rows) && each.alike(rows) > 0;
+                const bool isConfirmed = table.hasEvidence() && each.confirmed(rows) > 0;
+                return &each != &table && (isItsEnd || isConfirmed);
+            });
+        });
     }
+    saveStrayRows(damaged, tables);
+    for (TableCopy &table : tables)
+        table.finish();
     return tables;
 }
 
@@ -155,7 +187,7 @@ QList<RepairReport::Table> copyInto(SQLite::Database &target, SalvageFile &damag
     for (const auto type : {"index"_L1, "view"_L1, "trigger"_L1}) {
         for (const SchemaObject &object : schema.objects) {
             if (object.type == type)
-                tryCreate(target, object);
+                tryCreate(target, object.sql);
         }
     }
     target.exec("commit");

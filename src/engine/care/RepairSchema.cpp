@@ -2,11 +2,13 @@
 
 #include "engine/language/EngineError.h"
 #include "engine/language/NameIndex.h"
+#include <QScopeGuard>
 #include <QStringList>
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <algorithm>
 #include <map>
 #include <optional>
+#include <sqlite3.h>
 
 namespace obelmark {
 
@@ -17,9 +19,10 @@ namespace {
 constexpr std::size_t columnCount = 5;
 constexpr qsizetype mostColumnsGarbled = 2;
 
+/// The statement may be unreadable.
 bool isObject(const SalvagedRow &row)
 {
-    return row.complete && row.values.size() == columnCount &&
+    return row.values.size() == columnCount &&
            QStringList{u"table"_s, u"index"_s, u"trigger"_s, u"view"_s}.contains(textOf(row.values[0])) &&
            !textOf(row.values[1]).isEmpty();
 }
@@ -43,21 +46,22 @@ SalvagedSchema readStored(SalvageFile &damaged)
         if (!find(schema.objects, type, name))
             schema.objects.push_back({type, name, textOf(row.values[2]), rootPage, textOf(row.values[4])});
     };
-    const TableLosses losses = damaged.readTable(1, isObject, [&](const SalvagedRow &row) {
+    const auto isSchema = [](const std::vector<SalvagedRow> &rows) {
+        return std::any_of(rows.begin(), rows.end(), isObject);
+    };
+    const TableLosses losses = damaged.readTable(1, isSchema, [&](const SalvagedRow &row) {
+        schema.whole = schema.whole && row.complete && isObject(row);
         if (isObject(row))
             add(row);
-        else
-            schema.whole = false;
     });
     schema.whole = schema.whole && losses.none();
     if (!schema.whole)
         damaged.readStrayPages([&](const std::vector<SalvagedRow> &rows) {
-            const bool isSchema = std::any_of(rows.begin(), rows.end(), isObject);
             for (const SalvagedRow &row : rows) {
                 if (isObject(row))
                     add(row);
             }
-            return isSchema;
+            return isSchema(rows);
         });
     return schema;
 }
@@ -108,7 +112,7 @@ public:
     std::optional<qsizetype> columnsMissing(const QString &table, const QString &sql)
     {
         SQLite::Database scratch(":memory:", SQLite::OPEN_READWRITE);
-        scratch.tryExec(sql.toStdString());
+        tryCreate(scratch, sql);
         const QStringList columns = columnsOf(scratch, table);
         if (columns.isEmpty())
             return {};
@@ -205,6 +209,27 @@ void supply(SalvageFile &damaged, SalvagedSchema &schema, KnownSchema &known)
 }
 
 } // namespace
+
+bool tryCreate(SQLite::Database &database, const QString &sql)
+{
+    if (!sql.startsWith("create "_L1, Qt::CaseInsensitive))
+        return false;
+    // Nothing that a schema is made of reads rows; "create table ... as select" might go on for ever.
+    const auto allow = [](void *, int action, const char *, const char *, const char *, const char *) {
+        return action == SQLITE_SELECT ? SQLITE_DENY : SQLITE_OK;
+    };
+    sqlite3_set_authorizer(database.getHandle(), allow, nullptr);
+    const auto lift = qScopeGuard([&] { sqlite3_set_authorizer(database.getHandle(), nullptr, nullptr); });
+    try {
+        SQLite::Statement(database, sql.toStdString()).exec(); // only the first of several
+        return true;
+    } catch (const SQLite::Exception &error) {
+        const int code = error.getErrorCode();
+        if (code != SQLITE_ERROR && code != SQLITE_CONSTRAINT && code != SQLITE_AUTH)
+            throw;
+        return false;
+    }
+}
 
 QString textOf(const SalvagedValue &value)
 {

@@ -3,6 +3,10 @@
 #include "engine/care/SalvageFile.h"
 #include <QString>
 
+namespace SQLite {
+class Database;
+}
+
 namespace obelmark {
 
 /// A row of a database's table of tables, indexes and so on.
@@ -29,6 +33,10 @@ struct SalvagedSchema
 /// makes no sense replaced; the beginnings of their pages are taken from where a new file or a compacted one
 /// has them. Chooses the encoding of the texts.
 SalvagedSchema readSchema(SalvageFile &damaged, const QByteArray &known);
+
+/// Runs a "create" statement of a damaged file. One that makes no sense must not cost the rows, and one that
+/// would read or write anything else is none. Answers whether it was run.
+bool tryCreate(SQLite::Database &database, const QString &sql);
 
 QString textOf(const SalvagedValue &value);
 std::int64_t integerOf(const SalvagedValue &value);

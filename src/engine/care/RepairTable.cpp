@@ -33,9 +33,26 @@ void bind(SQLite::Statement &insert, int at, const QByteArray &blob)
     insert.bindNoCopy(at, blob.constData(), int(blob.size()));
 }
 
+bool isOdd(const SalvagedValue &value, ColumnKind kind)
+{
+    const bool isText = std::holds_alternative<std::string>(value);
+    const bool isNumber =
+        std::holds_alternative<std::int64_t>(value) || std::holds_alternative<double>(value);
+    switch (kind) {
+    case ColumnKind::Any:
+        return false;
+    case ColumnKind::Text:
+    case ColumnKind::Date:
+        return isNumber || std::holds_alternative<QByteArray>(value);
+    default:
+        return isText || std::holds_alternative<QByteArray>(value);
+    }
+}
+
 } // namespace
 
-TableCopy::TableCopy(SQLite::Database &target, const SchemaObject &table) : m_target(target), m_table(table)
+TableCopy::TableCopy(SQLite::Database &target, const SchemaObject &table, std::int64_t counter)
+    : m_target(target), m_table(table), m_counter(counter)
 {
     m_report.name = table.name;
     SQLite::Statement columns(target, "select name, type, pk = 1 and type = 'INTEGER' collate nocase and "
@@ -51,50 +68,72 @@ TableCopy::TableCopy(SQLite::Database &target, const SchemaObject &table) : m_ta
     }
 }
 
-/// Whether the values are such as the table's columns hold, but for a few that are damaged or foreign.
-bool TableCopy::isRow(const SalvagedRow &row) const
+/// How many values are none that their columns hold.
+std::size_t TableCopy::oddValues(const SalvagedRow &row) const
 {
-    if (row.values.size() > m_columns.size())
-        return false;
-    std::size_t odd = m_columns.size() - row.values.size(); // written before a column was added
-    for (std::size_t i = 0; i < row.values.size(); ++i) {
-        const SalvagedValue &value = row.values[i];
-        if (i == m_rowIdColumn) {
-            if (!std::holds_alternative<std::monostate>(value))
-                return false;
-            continue;
-        }
-        const bool isText = std::holds_alternative<std::string>(value);
-        const bool isNumber =
-            std::holds_alternative<std::int64_t>(value) || std::holds_alternative<double>(value);
-        switch (m_types[i].kind) {
-        case ColumnKind::Any:
-            break;
-        case ColumnKind::Text:
-        case ColumnKind::Date:
-            odd += isNumber || std::holds_alternative<QByteArray>(value);
-            break;
-        default:
-            odd += isText || std::holds_alternative<QByteArray>(value);
-        }
-    }
-    return odd <= m_columns.size() / 4;
+    std::size_t odd = 0;
+    for (std::size_t i = 0; i < row.values.size(); ++i)
+        odd += i != m_rowIdColumn && isOdd(row.values[i], m_types[i].kind);
+    return odd;
 }
 
-void TableCopy::copy(SalvageFile &damaged)
+/// Whether the values are such as the table's columns hold, but for a few that are damaged or foreign; the
+/// last columns may have been added when the row was there already.
+bool TableCopy::couldBeRow(const SalvagedRow &row) const
 {
+    const bool hasId = m_rowIdColumn < row.values.size();
+    return row.values.size() <= m_columns.size() &&
+           (!hasId || std::holds_alternative<std::monostate>(row.values[m_rowIdColumn])) &&
+           oddValues(row) <= m_columns.size() / 4;
+}
+
+/// The same without the table's own word for it: that of a row which lacks many columns.
+bool TableCopy::isRow(const SalvagedRow &row) const
+{
+    return couldBeRow(row) && oddValues(row) + m_columns.size() - row.values.size() <= m_columns.size() / 4;
+}
+
+void TableCopy::copy(SalvageFile &damaged, const SalvageFile::PageTest &isAnothers)
+{
+    const auto isOurs = [&](const std::vector<SalvagedRow> &rows) {
+        const auto isConfirmed = [this](const SalvagedRow &row) {
+            return couldBeRow(row) && m_evidence.confirms(row);
+        };
+        if (std::any_of(rows.begin(), rows.end(), isConfirmed))
+            return true;
+        const auto isLikely = [this](const SalvagedRow &row) {
+            return couldBeRow(row) && 2 * row.values.size() > m_columns.size();
+        };
+        return std::any_of(rows.begin(), rows.end(), isLikely) && !isBeyondCounter(rows) && !isAnothers(rows);
+    };
     std::int64_t tooLong = 0;
-    m_losses = damaged.readTable(
-        m_table.rootPage, [this](const SalvagedRow &row) { return isRow(row); },
-        [&](const SalvagedRow &row) {
-            if (row.values.size() <= m_columns.size())
-                save(row);
-            else
-                ++tooLong;
-        });
+    m_losses = damaged.readTable(m_table.rootPage, isOurs, [&](const SalvagedRow &row) {
+        if (row.values.size() <= m_columns.size())
+            save(row);
+        else
+            ++tooLong;
+    });
     m_losses.cells += tooLong;
     for (const RowRange &range : m_losses.ranges)
         know(range.after);
+    forgetForeignEvidence();
+}
+
+/// What the indexes tell is of this table only where it goes with the rows.
+void TableCopy::forgetForeignEvidence()
+{
+    std::sort(m_savedIds.begin(), m_savedIds.end());
+    m_evidence.forgetForeign(m_savedIds);
+}
+
+bool TableCopy::couldBeEntry(const SalvagedRow &entry, const std::vector<int> &columns) const
+{
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        const auto column = std::size_t(columns[i]);
+        if (column < m_types.size() && isOdd(entry.values[i], m_types[column].kind))
+            return false;
+    }
+    return true;
 }
 
 void TableCopy::readIndexes(SalvageFile &damaged, const std::vector<SchemaObject> &schema,
@@ -111,10 +150,20 @@ void TableCopy::readIndexes(SalvageFile &damaged, const std::vector<SchemaObject
         std::vector<int> columns;
         while (query.executeStep())
             columns.push_back(query.getColumn(0).getInt());
-        m_evidence.readIndex(damaged, index.rootPage, columns);
+        m_evidence.readIndex(damaged, index.rootPage, columns,
+                             [&](const SalvagedRow &entry) { return couldBeEntry(entry, columns); });
     }
     m_evidence.finish();
-    know(m_evidence.highestId());
+    if (m_counter == 0 || m_evidence.highestId() <= m_counter)
+        return;
+    // Either the counter is wrong, or the index has a page of another.
+    const auto isConfirmed = [this](const std::vector<SalvagedRow> &rows) {
+        return isBeyondCounter(rows) && m_evidence.confirms(rows.back());
+    };
+    if (damaged.hasPage(m_table.rootPage, isConfirmed))
+        m_counter = 0;
+    else
+        m_evidence.forgetBeyond(m_counter);
 }
 
 std::size_t TableCopy::alike(const std::vector<SalvagedRow> &rows) const
@@ -126,26 +175,55 @@ std::size_t TableCopy::alike(const std::vector<SalvagedRow> &rows) const
 std::size_t TableCopy::confirmed(const std::vector<SalvagedRow> &rows) const
 {
     return std::size_t(std::count_if(rows.begin(), rows.end(), [this](const SalvagedRow &row) {
-        return isRow(row) && m_evidence.confirms(row);
+        return couldBeRow(row) && m_evidence.confirms(row);
     }));
+}
+
+bool TableCopy::knows(const std::vector<SalvagedRow> &rows) const
+{
+    return std::any_of(rows.begin(), rows.end(),
+                       [this](const SalvagedRow &row) { return m_evidence.knows(row); });
 }
 
 bool TableCopy::inHole(std::int64_t id) const
 {
-    return std::any_of(m_losses.ranges.begin(), m_losses.ranges.end(),
-                       [id](const RowRange &range) { return range.contains(id); });
+    const auto isBelow = [](const RowRange &range, std::int64_t row) { return range.upTo < row; };
+    const auto &ranges = m_losses.ranges; // they rise
+    const auto range = std::lower_bound(ranges.begin(), ranges.end(), id, isBelow);
+    return range != ranges.end() && range->contains(id);
 }
 
-bool TableCopy::misses(const std::vector<SalvagedRow> &rows) const
+bool TableCopy::misses(const std::vector<SalvagedRow> &rows)
 {
-    return std::all_of(rows.begin(), rows.end(),
-                       [this](const SalvagedRow &row) { return inHole(row.id) && isRow(row); });
+    return std::all_of(rows.begin(), rows.end(), [this](const SalvagedRow &row) {
+        return inHole(row.id) && isRow(row) && !isSaved(row.id);
+    });
+}
+
+bool TableCopy::endsWith(const std::vector<SalvagedRow> &rows) const
+{
+    return !rows.empty() && rows.back().id == m_counter;
+}
+
+bool TableCopy::isBeyondCounter(const std::vector<SalvagedRow> &rows) const
+{
+    return m_counter > 0 && !rows.empty() && rows.back().id > m_counter;
+}
+
+bool TableCopy::isSaved(std::int64_t id)
+{
+    if (!m_lookUp)
+        m_lookUp.emplace(m_target, "select 1 from " + quoted(m_table.name) + " where rowid = ?");
+    m_lookUp->bind(1, id);
+    const bool isThere = m_lookUp->executeStep();
+    m_lookUp->reset();
+    return isThere;
 }
 
 void TableCopy::saveStray(const std::vector<SalvagedRow> &rows, Trust trust)
 {
     for (const SalvagedRow &row : rows) {
-        if (!isRow(row))
+        if (!couldBeRow(row))
             continue;
         const bool isNamed = m_evidence.names(row.id);
         const bool isDeleted = m_evidence.isComplete() && !isNamed;
@@ -159,10 +237,12 @@ void TableCopy::saveStray(const std::vector<SalvagedRow> &rows, Trust trust)
 void TableCopy::save(const SalvagedRow &row)
 {
     // A counter has 32 bits; a row is more than its number.
-    if (m_rowIdColumn < m_columns.size() && row.id != std::int32_t(row.id))
-        m_unnumbered.push_back(row);
-    else if (insert(row))
+    if (m_rowIdColumn < m_columns.size() && row.id != std::int32_t(row.id)) {
+        m_unnumbered.try_emplace(row.id, row);
+    } else if (insert(row)) {
         m_savedIds.push_back(row.id);
+        m_evidence.learn(row);
+    }
 }
 
 bool TableCopy::insert(const SalvagedRow &row)
@@ -185,10 +265,11 @@ bool TableCopy::insert(const SalvagedRow &row)
     return true;
 }
 
-/// Each lost page and each entry that is none has been a row at least; the indexes may know of more.
+/// Each lost page and each entry that is none has been a row at least; the indexes may know of more, or know
+/// each of them.
 void TableCopy::countLost()
 {
-    std::sort(m_savedIds.begin(), m_savedIds.end());
+    forgetForeignEvidence();
     const auto isSaved = [this](std::int64_t id) {
         return std::binary_search(m_savedIds.begin(), m_savedIds.end(), id);
     };
@@ -196,6 +277,8 @@ void TableCopy::countLost()
     const auto named = std::count_if(ids.begin(), ids.end(),
                                      [&](std::int64_t id) { return id == std::int32_t(id) && !isSaved(id); });
     const auto isEmpty = [this](const RowRange &range) {
+        if (range.after >= range.upTo || (m_counter > 0 && range.after >= m_counter))
+            return false; // there has never been a row
         const auto next = std::upper_bound(m_savedIds.begin(), m_savedIds.end(), range.after);
         return next == m_savedIds.end() || !range.contains(*next);
     };
@@ -205,21 +288,25 @@ void TableCopy::countLost()
     const auto &ranges = m_losses.ranges;
     m_report.isLost = m_report.rowsSaved == 0 && std::any_of(ranges.begin(), ranges.end(), isRoot);
     const auto empty = m_report.isLost ? 0 : std::count_if(ranges.begin(), ranges.end(), isEmpty);
-    m_report.rowsLost = std::max(qint64(named), qint64(empty + m_losses.cells));
+    const qint64 unnamed = empty + m_losses.cells;
+    m_report.rowsLost =
+        std::max(qint64(named), m_evidence.isComplete() ? std::min(unnamed, qint64(1)) : unnamed);
 }
 
-void TableCopy::finish(std::int64_t oldCounter)
+void TableCopy::finish()
 {
-    know(oldCounter);
+    know(m_counter);
+    know(m_evidence.highestId());
     for (const std::int64_t id : m_savedIds)
         know(id);
-    for (SalvagedRow &row : m_unnumbered) {
+    for (auto &[id, row] : m_unnumbered) {
         row.id = m_highestId + 1;
-        if (m_highestId < highestCounter && insert(row)) {
-            know(row.id);
-            ++m_report.rowsRenumbered;
-        }
+        const bool isInserted = m_highestId < highestCounter && insert(row);
+        know(row.id);
+        m_report.rowsRenumbered += isInserted ? 1 : 0;
+        m_losses.cells += isInserted ? 0 : 1;
     }
+    countLost();
     if (!m_table.sql.contains("autoincrement"_L1, Qt::CaseInsensitive))
         return;
     SQLite::Statement counter(m_target, "insert into sqlite_sequence (name, seq) select ?1, 0 "

@@ -59,6 +59,7 @@ public:
 
     PageType type() const { return m_type; }
     int cellCount() const { return m_cellCount; }
+    bool isIndex() const { return m_type == IndexInterior || m_type == IndexLeaf; }
     bool isInterior() const { return m_type == IndexInterior || m_type == TableInterior; }
     /// Whether there are entries and each lies behind the list of them.
     bool isPlausible() const
@@ -99,6 +100,7 @@ SalvageFile::SalvageFile(const QString &path) : m_file(path)
         throw EngineError(UnrecognizedFormat, path);
     findPageSize();
     m_claimed.resize(m_pageCount + 1);
+    m_mayBeReadAgain = m_pageCount;
     if (const std::uint32_t encoding = number32(m_header, 56); encoding == 2 || encoding == 3)
         m_encoding = SalvagedEncoding(encoding);
     findFreePages();
@@ -141,7 +143,7 @@ bool SalvageFile::keepsRoomAtEnds(std::uint32_t room)
 {
     for (std::uint32_t number = 1; number <= std::min(m_pageCount, mostPagesLookedAt); ++number) {
         const QByteArray content = readPage(number);
-        if (Page(content, m_pageSize, number).isPlausible() &&
+        if (content.size() == qsizetype(m_pageSize) && Page(content, m_pageSize, number).isPlausible() &&
             content.last(room) != QByteArray(qsizetype(room), '\0'))
             return false;
     }
@@ -211,7 +213,7 @@ SalvageFile::Page SalvageFile::treePage(std::uint32_t number)
     return bytes.isEmpty() ? Page() : Page(bytes, m_usableSize, number);
 }
 
-TableLosses SalvageFile::readTable(std::uint32_t rootPage, const RowTest &isRow, const RowVisitor &visitor)
+TableLosses SalvageFile::readTable(std::uint32_t rootPage, const PageTest &isOurs, const RowVisitor &visitor)
 {
     struct Subtree
     {
@@ -243,9 +245,9 @@ TableLosses SalvageFile::readTable(std::uint32_t rootPage, const RowTest &isRow,
         const std::size_t claimsBefore = m_claims.size();
         const Page page = treePage(subtree.page);
         if (page.type() == TableLeaf) {
-            const std::vector<SalvagedRow> rows = readLeaf(page, subtree.range, isRow);
-            const bool mayBeEmpty = subtree.page == rootPage;
-            if (rows.empty() && (page.cellCount() > 0 || !mayBeEmpty)) {
+            const std::vector<SalvagedRow> rows = readLeaf(page, subtree.range);
+            const bool isEmptyTable = page.cellCount() == 0 && subtree.page == rootPage;
+            if (!isEmptyTable && (rows.empty() || !isOurs(rows))) {
                 losses.ranges.push_back(subtree.range);
                 releaseFrom(claimsBefore); // it may be another's page that lies here
             } else {
@@ -257,11 +259,26 @@ TableLosses SalvageFile::readTable(std::uint32_t rootPage, const RowTest &isRow,
         std::vector<Subtree> below;
         if (page.type() == TableInterior)
             below = children(page, subtree.range);
-        if (below.empty())
+        if (below.empty()) {
             losses.ranges.push_back(subtree.range);
+            releaseFrom(claimsBefore);
+        }
         toRead.insert(toRead.end(), below.begin(), below.end());
     }
     return losses;
+}
+
+bool SalvageFile::hasPage(std::uint32_t rootPage, const PageTest &test)
+{
+    const std::size_t claimsBefore = m_claims.size();
+    bool isThere = false;
+    const auto look = [&](const std::vector<SalvagedRow> &rows) {
+        isThere = isThere || test(rows);
+        return false;
+    };
+    readTable(rootPage, look, [](const SalvagedRow &) {});
+    releaseFrom(claimsBefore);
+    return isThere;
 }
 
 TreeKind SalvageFile::kindOf(std::uint32_t number)
@@ -280,19 +297,18 @@ TreeKind SalvageFile::kindOf(std::uint32_t number)
     }
 }
 
-/// The rows of a leaf that lie within \a range and rise: of those that do not, the fewest are left out.
-/// None when no row passes the test.
-std::vector<SalvagedRow> SalvageFile::readLeaf(const Page &page, const RowRange &range, const RowTest &isRow)
+/// The rows of a leaf that lie within \a range and rise: of those that do not, the fewest are left out. None
+/// when most do not lie within it: then the page is another's.
+std::vector<SalvagedRow> SalvageFile::readLeaf(const Page &page, const RowRange &range)
 {
     std::vector<SalvagedRow> rows;
-    bool isTable = false;
     for (int i = 0; i < page.cellCount(); ++i) {
-        if (auto row = readRow(page, i, range)) {
-            isTable = isTable || isRow(*row);
+        if (auto row = readRow(page, i))
             rows.push_back(std::move(*row));
-        }
     }
-    if (!isTable)
+    const std::size_t readable = rows.size();
+    std::erase_if(rows, [&](const SalvagedRow &row) { return !range.contains(row.id); });
+    if (2 * rows.size() < readable)
         return {};
     const auto rises = [](const SalvagedRow &a, const SalvagedRow &b) { return a.id < b.id; };
     if (std::is_sorted(rows.begin(), rows.end(), rises) &&
@@ -321,12 +337,12 @@ std::vector<SalvagedRow> SalvageFile::readLeaf(const Page &page, const RowRange 
     return rising;
 }
 
-std::optional<SalvagedRow> SalvageFile::readRow(const Page &page, int cell, const RowRange &range)
+std::optional<SalvagedRow> SalvageFile::readRow(const Page &page, int cell)
 {
     const QByteArrayView bytes = page.cell(cell);
     const Varint size = readVarint(bytes);
     const Varint id = readVarint(bytes.sliced(size.size));
-    if (size.size == 0 || id.size == 0 || !range.contains(std::int64_t(id.value)))
+    if (size.size == 0 || id.size == 0)
         return {};
     const Payload payload = findPayload(bytes.sliced(size.size + id.size), size.value, m_usableSize - 35);
     const auto layout = RecordLayout::read(payload.local, size.value);
@@ -348,7 +364,7 @@ SalvagedRow SalvageFile::readValues(const RecordLayout &layout, const QByteArray
     return row;
 }
 
-bool SalvageFile::readIndex(std::uint32_t rootPage, const std::function<void(const SalvagedRow &)> &visitor)
+bool SalvageFile::readIndex(std::uint32_t rootPage, const PageTest &visitor)
 {
     bool whole = true;
     std::vector<std::uint32_t> toRead{rootPage};
@@ -356,23 +372,27 @@ bool SalvageFile::readIndex(std::uint32_t rootPage, const std::function<void(con
         const std::size_t claimsBefore = m_claims.size();
         const Page page = treePage(toRead.back());
         toRead.pop_back();
-        if (page.type() != IndexInterior && page.type() != IndexLeaf) {
-            whole = false;
-            releaseFrom(claimsBefore); // it may be another's page that lies here
-            continue;
-        }
+        std::vector<std::uint32_t> below;
+        std::vector<SalvagedRow> entries;
         if (page.isInterior())
-            toRead.push_back(page.rightChild());
-        for (int i = 0; i < page.cellCount(); ++i) {
+            below.push_back(page.rightChild());
+        for (int i = 0; i < page.cellCount() && page.isIndex(); ++i) {
             QByteArrayView cell = page.cell(i);
             if (page.isInterior() && !cell.isEmpty()) {
-                toRead.push_back(number32(cell, 0));
+                below.push_back(number32(cell, 0));
                 cell = cell.sliced(4);
             }
-            if (const auto entry = readEntry(cell))
-                visitor(*entry);
+            if (auto entry = readEntry(cell))
+                entries.push_back(std::move(*entry));
             else
                 whole = false;
+        }
+        whole = whole && page.cellCount() > 0; // only an index of nothing has an empty page
+        if (!page.isIndex() || (!entries.empty() && !visitor(entries))) {
+            whole = false;
+            releaseFrom(claimsBefore); // it may be another's page that lies here
+        } else {
+            toRead.insert(toRead.end(), below.begin(), below.end());
         }
     }
     return whole;
@@ -411,15 +431,13 @@ SalvageFile::Payload SalvageFile::findPayload(QByteArrayView bytes, std::uint64_
     return {bytes.first(localSize), number32(bytes, localSize)};
 }
 
-/// The payload, or its readable beginning.
+/// The payload, or its readable beginning. Pages that do not lead to its end may be another's.
 QByteArray SalvageFile::readPayload(const Payload &payload, std::uint64_t size)
 {
     QByteArray result = payload.local.toByteArray();
+    const std::size_t claimsBefore = m_claims.size();
     std::uint32_t next = payload.overflowPage;
-    while (std::uint64_t(result.size()) < size) {
-        const std::size_t claimsBefore = m_claims.size();
-        if (!claim(next))
-            break;
+    while (std::uint64_t(result.size()) < size && claim(next)) {
         const QByteArray page = readPage(next);
         if (page.isEmpty())
             break;
@@ -429,16 +447,19 @@ QByteArray SalvageFile::readPayload(const Payload &payload, std::uint64_t size)
         next = number32(page, 0);
         // The last page says that it is the last; another's page does not.
         const bool isLast = missing <= std::uint64_t(content.size() - 4);
-        if (isLast ? next != 0 : next == 0 || next > m_pageCount) {
-            releaseFrom(claimsBefore);
+        if (isLast ? next != 0 : next == 0 || next > m_pageCount)
             break;
-        }
         result.append(content.sliced(4, qsizetype(std::min(missing, std::uint64_t(content.size() - 4)))));
+    }
+    const std::size_t claimed = m_claims.size() - claimsBefore;
+    if (std::uint64_t(result.size()) < size && claimed <= m_mayBeReadAgain) {
+        m_mayBeReadAgain -= claimed;
+        releaseFrom(claimsBefore);
     }
     return result;
 }
 
-void SalvageFile::readStrayPages(const std::function<bool(const std::vector<SalvagedRow> &)> &visitor)
+void SalvageFile::readStrayPages(const PageTest &visitor)
 {
     for (std::uint32_t number = 1; number <= m_pageCount; ++number) {
         if (m_claimed[number] || m_free[number])
@@ -447,7 +468,7 @@ void SalvageFile::readStrayPages(const std::function<bool(const std::vector<Salv
         const Page page = treePage(number);
         std::vector<SalvagedRow> rows;
         if (page.type() == TableLeaf)
-            rows = readLeaf(page, {}, [](const SalvagedRow &) { return true; });
+            rows = readLeaf(page, {});
         if (rows.empty() || !visitor(rows))
             releaseFrom(claimsBefore);
     }

@@ -51,7 +51,7 @@ class SalvageFile
 {
 public:
     using RowVisitor = std::function<void(const SalvagedRow &)>;
-    using RowTest = std::function<bool(const SalvagedRow &)>;
+    using PageTest = std::function<bool(const std::vector<SalvagedRow> &)>;
 
     /// \throws DatabaseFileNotFound; UnrecognizedFormat when no page of the file looks like one of a database
     explicit SalvageFile(const QString &path);
@@ -66,15 +66,18 @@ public:
     void startAnew(SalvagedEncoding encoding);
 
     TreeKind kindOf(std::uint32_t page);
-    /// The rows of the table that begins at \a rootPage, in the order of their ids. A page of which no row
-    /// passes \a isRow is not one of the table.
-    TableLosses readTable(std::uint32_t rootPage, const RowTest &isRow, const RowVisitor &visitor);
-    /// The entries of the index that begins at \a rootPage; the last value is the id of the row. Answers
-    /// whether every page and entry could be read.
-    bool readIndex(std::uint32_t rootPage, const std::function<void(const SalvagedRow &)> &visitor);
+    /// The rows of the table that begins at \a rootPage, in the order of their ids. A page whose rows do not
+    /// pass \a isOurs is not one of the table.
+    TableLosses readTable(std::uint32_t rootPage, const PageTest &isOurs, const RowVisitor &visitor);
+    /// Whether a page of that table passes the test. It counts as not read afterwards.
+    bool hasPage(std::uint32_t rootPage, const PageTest &test);
+    /// The entries of the index that begins at \a rootPage, page by page; the last value is the id of the
+    /// row. The visitor answers whether the page is one of the index. Answers whether every page and entry
+    /// could be read.
+    bool readIndex(std::uint32_t rootPage, const PageTest &visitor);
     /// The pages of table rows that no table read before has led to, because the way to them is lost. Pages
     /// that the file has marked as free are left out, and those whose visitor answers true from then on.
-    void readStrayPages(const std::function<bool(const std::vector<SalvagedRow> &)> &visitor);
+    void readStrayPages(const PageTest &visitor);
     /// Whether it is known which pages are free: then every other page is in use.
     bool knowsFreePages() const { return m_knowsFreePages; }
 
@@ -91,8 +94,8 @@ private:
     bool claim(std::uint32_t number);
     void releaseFrom(std::size_t claim);
     Page treePage(std::uint32_t number);
-    std::optional<SalvagedRow> readRow(const Page &page, int cell, const RowRange &range);
-    std::vector<SalvagedRow> readLeaf(const Page &page, const RowRange &range, const RowTest &isRow);
+    std::optional<SalvagedRow> readRow(const Page &page, int cell);
+    std::vector<SalvagedRow> readLeaf(const Page &page, const RowRange &range);
     std::optional<SalvagedRow> readEntry(QByteArrayView cell);
     SalvagedRow readValues(const RecordLayout &layout, const QByteArray &record) const;
     Payload findPayload(QByteArrayView bytes, std::uint64_t size, std::uint64_t mostLocal) const;
@@ -110,6 +113,7 @@ private:
     SalvagedEncoding m_encoding = SalvagedEncoding::Utf8;
     std::vector<bool> m_claimed;
     std::vector<std::uint32_t> m_claims; ///< in their order
+    std::size_t m_mayBeReadAgain = 0;    ///< pages of broken payloads: there is an end to it
     std::vector<bool> m_free;
     bool m_knowsFreePages = false;
 };
