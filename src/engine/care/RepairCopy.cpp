@@ -8,6 +8,7 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <algorithm>
 #include <functional>
+#include <optional>
 #include <sqlite3.h>
 
 namespace obelmark {
@@ -29,7 +30,19 @@ bool hasRowIds(SQLite::Database &target, const QString &table)
     return query.executeStep();
 }
 
-using Counters = QHash<QString, std::int64_t>;
+struct Counters
+{
+    QHash<QString, std::int64_t> byTable;
+    bool areAllKnown = false;
+
+    std::optional<std::int64_t> of(const QString &table) const
+    {
+        const auto counter = byTable.constFind(table);
+        if (counter != byTable.constEnd())
+            return *counter;
+        return areAllKnown ? std::optional<std::int64_t>(0) : std::nullopt;
+    }
+};
 using Rows = std::vector<SalvagedRow>;
 
 /// Reads the library's own tables, all of them: their pages are no stray pages.
@@ -44,15 +57,16 @@ Counters readInternal(SalvageFile &damaged, const SalvagedSchema &schema)
         if (object.type != "table"_L1 || !isInternal(object))
             continue;
         const bool hasCounters = object.name == "sqlite_sequence"_L1;
-        damaged.readTable(
+        const TableLosses losses = damaged.readTable(
             object.rootPage,
             [&](const Rows &rows) {
                 return !hasCounters || std::any_of(rows.begin(), rows.end(), isCounter);
             },
             [&](const SalvagedRow &row) {
                 if (hasCounters && isCounter(row))
-                    counters.insert(textOf(row.values[0]), integerOf(row.values[1]));
+                    counters.byTable.insert(textOf(row.values[0]), integerOf(row.values[1]));
             });
+        counters.areAllKnown = hasCounters ? losses.none() : counters.areAllKnown;
     }
     return counters;
 }
@@ -73,24 +87,28 @@ TableCopy *confirmedOwner(std::vector<TableCopy> &tables, const Rows &rows)
     return owner;
 }
 
+/// The tables that are so.
+std::vector<TableCopy *> those(std::vector<TableCopy> &tables, const std::function<bool(TableCopy &)> &are)
+{
+    std::vector<TableCopy *> result;
+    for (TableCopy &table : tables) {
+        if (are(table))
+            result.push_back(&table);
+    }
+    return result;
+}
+
 /// Whose the rows of a page may be that no table leads to.
 std::vector<TableCopy *> likelyOwners(std::vector<TableCopy> &tables, const Rows &rows)
 {
     if (TableCopy *owner = confirmedOwner(tables, rows))
         return {owner};
-    const auto those = [&](const auto &are) {
-        std::vector<TableCopy *> result;
-        for (TableCopy &table : tables) {
-            if (are(table))
-                result.push_back(&table);
-        }
-        return result;
-    };
-    auto owners = those([&](TableCopy &each) { return each.knows(rows); }); // a copy of a page
+    auto owners = those(tables, [&](TableCopy &each) { return each.knows(rows); }); // a copy of a page
     if (owners.empty())
-        owners = those([&](TableCopy &each) { return !each.isBeyondCounter(rows) && each.misses(rows); });
+        owners =
+            those(tables, [&](TableCopy &each) { return !each.isBeyondCounter(rows) && each.misses(rows); });
     if (owners.empty())
-        owners = those([&](TableCopy &each) { return each.alike(rows) > 0; });
+        owners = those(tables, [&](TableCopy &each) { return each.alike(rows) > 0; });
     return owners;
 }
 
@@ -105,6 +123,7 @@ void saveStrayRows(SalvageFile &damaged, std::vector<TableCopy> &tables)
             owner->saveStray(rows, OnlyConfirmed);
         return owner && owner->confirmed(rows) == rows.size();
     });
+    const TableCopy::Trust trust = damaged.knowsFreePages() ? InUse : MayBeFree;
     // Of a page that may be several tables', the pages found after it may have left but one.
     bool isUndecided = true;
     for (std::size_t round = 0; round < tables.size() && isUndecided; ++round) {
@@ -115,12 +134,20 @@ void saveStrayRows(SalvageFile &damaged, std::vector<TableCopy> &tables)
             isUndecided = isUndecided || owners.size() > 1;
             if (owners.size() != 1)
                 return false;
-            owners.front()->saveStray(rows, damaged.knowsFreePages() ? InUse : MayBeFree);
+            owners.front()->saveStray(rows, trust);
             isAnySaved = true;
             return true;
         });
         isUndecided = isUndecided && isAnySaved;
     }
+    // Where nothing decides, the tables' own trees do.
+    damaged.readStrayPages([&](const Rows &rows) {
+        const auto owners =
+            those(tables, [&](TableCopy &each) { return each.hasRefused(rows) && each.misses(rows); });
+        if (owners.size() == 1)
+            owners.front()->saveStray(rows, trust);
+        return owners.size() == 1;
+    });
 }
 
 /// Makes the tables and fills them.
@@ -132,7 +159,7 @@ std::vector<TableCopy> copyTables(SalvageFile &damaged, const SalvagedSchema &sc
     for (const SchemaObject &object : schema.objects) {
         if (object.type == "table"_L1 && !isInternal(object) && tryCreate(target, object.sql) &&
             hasRowIds(target, object.name))
-            tables.emplace_back(target, object, counters.value(object.name));
+            tables.emplace_back(target, object, counters.of(object.name));
     }
     SQLite::Database scratch(":memory:", SQLite::OPEN_READWRITE);
     for (const auto type : {"table"_L1, "index"_L1}) {

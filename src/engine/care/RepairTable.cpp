@@ -51,8 +51,8 @@ bool isOdd(const SalvagedValue &value, ColumnKind kind)
 
 } // namespace
 
-TableCopy::TableCopy(SQLite::Database &target, const SchemaObject &table, std::int64_t counter)
-    : m_target(target), m_table(table), m_counter(counter)
+TableCopy::TableCopy(SQLite::Database &target, const SchemaObject &table, std::optional<std::int64_t> counter)
+    : m_target(target), m_table(table), m_counter(hasCounter() ? counter : std::nullopt)
 {
     m_report.name = table.name;
     SQLite::Statement columns(target, "select name, type, pk = 1 and type = 'INTEGER' collate nocase and "
@@ -66,6 +66,11 @@ TableCopy::TableCopy(SQLite::Database &target, const SchemaObject &table, std::i
         m_types.push_back(
             columnTypeFromDeclaration(QString::fromStdString(columns.getColumn(1).getString())));
     }
+}
+
+bool TableCopy::hasCounter() const
+{
+    return m_table.sql.contains("autoincrement"_L1, Qt::CaseInsensitive);
 }
 
 /// How many values are none that their columns hold.
@@ -96,10 +101,7 @@ bool TableCopy::isRow(const SalvagedRow &row) const
 void TableCopy::copy(SalvageFile &damaged, const SalvageFile::PageTest &isAnothers)
 {
     const auto isOurs = [&](const std::vector<SalvagedRow> &rows) {
-        const auto isConfirmed = [this](const SalvagedRow &row) {
-            return couldBeRow(row) && m_evidence.confirms(row);
-        };
-        if (std::any_of(rows.begin(), rows.end(), isConfirmed))
+        if (confirmed(rows) > 0)
             return true;
         const auto isLikely = [this](const SalvagedRow &row) {
             return couldBeRow(row) && 2 * row.values.size() > m_columns.size();
@@ -154,16 +156,16 @@ void TableCopy::readIndexes(SalvageFile &damaged, const std::vector<SchemaObject
                              [&](const SalvagedRow &entry) { return couldBeEntry(entry, columns); });
     }
     m_evidence.finish();
-    if (m_counter == 0 || m_evidence.highestId() <= m_counter)
+    if (!m_counter || m_evidence.highestId() <= *m_counter)
         return;
     // Either the counter is wrong, or the index has a page of another.
     const auto isConfirmed = [this](const std::vector<SalvagedRow> &rows) {
         return isBeyondCounter(rows) && m_evidence.confirms(rows.back());
     };
     if (damaged.hasPage(m_table.rootPage, isConfirmed))
-        m_counter = 0;
+        m_counter.reset();
     else
-        m_evidence.forgetBeyond(m_counter);
+        m_evidence.forgetBeyond(*m_counter);
 }
 
 std::size_t TableCopy::alike(const std::vector<SalvagedRow> &rows) const
@@ -174,15 +176,24 @@ std::size_t TableCopy::alike(const std::vector<SalvagedRow> &rows) const
 
 std::size_t TableCopy::confirmed(const std::vector<SalvagedRow> &rows) const
 {
-    return std::size_t(std::count_if(rows.begin(), rows.end(), [this](const SalvagedRow &row) {
+    const auto named = std::count_if(rows.begin(), rows.end(),
+                                     [this](const SalvagedRow &row) { return m_evidence.names(row.id); });
+    const auto confirmed = std::count_if(rows.begin(), rows.end(), [this](const SalvagedRow &row) {
         return couldBeRow(row) && m_evidence.confirms(row);
-    }));
+    });
+    // Two lists may have the same entry under the same number.
+    return 2 * confirmed < named ? 0 : std::size_t(confirmed);
 }
 
 bool TableCopy::knows(const std::vector<SalvagedRow> &rows) const
 {
     return std::any_of(rows.begin(), rows.end(),
                        [this](const SalvagedRow &row) { return m_evidence.knows(row); });
+}
+
+bool TableCopy::hasRefused(const std::vector<SalvagedRow> &rows) const
+{
+    return m_refused.contains({rows.front().id, rows.back().id});
 }
 
 bool TableCopy::inHole(std::int64_t id) const
@@ -207,7 +218,7 @@ bool TableCopy::endsWith(const std::vector<SalvagedRow> &rows) const
 
 bool TableCopy::isBeyondCounter(const std::vector<SalvagedRow> &rows) const
 {
-    return m_counter > 0 && !rows.empty() && rows.back().id > m_counter;
+    return m_counter && !rows.empty() && rows.back().id > *m_counter;
 }
 
 bool TableCopy::isSaved(std::int64_t id)
@@ -277,8 +288,8 @@ void TableCopy::countLost()
     const auto named = std::count_if(ids.begin(), ids.end(),
                                      [&](std::int64_t id) { return id == std::int32_t(id) && !isSaved(id); });
     const auto isEmpty = [this](const RowRange &range) {
-        if (range.after >= range.upTo || (m_counter > 0 && range.after >= m_counter))
-            return false; // there has never been a row
+        if (range.after >= range.upTo || (m_counter && range.after >= *m_counter))
+            return false; // no row can be there
         const auto next = std::upper_bound(m_savedIds.begin(), m_savedIds.end(), range.after);
         return next == m_savedIds.end() || !range.contains(*next);
     };
@@ -288,6 +299,8 @@ void TableCopy::countLost()
     const auto &ranges = m_losses.ranges;
     m_report.isLost = m_report.rowsSaved == 0 && std::any_of(ranges.begin(), ranges.end(), isRoot);
     const auto empty = m_report.isLost ? 0 : std::count_if(ranges.begin(), ranges.end(), isEmpty);
+    if (m_counter == 0 && m_report.rowsSaved == 0)
+        return; // there has never been a row
     const qint64 unnamed = empty + m_losses.cells;
     m_report.rowsLost =
         std::max(qint64(named), m_evidence.isComplete() ? std::min(unnamed, qint64(1)) : unnamed);
@@ -295,7 +308,7 @@ void TableCopy::countLost()
 
 void TableCopy::finish()
 {
-    know(m_counter);
+    know(m_counter.value_or(0));
     know(m_evidence.highestId());
     for (const std::int64_t id : m_savedIds)
         know(id);
@@ -307,7 +320,7 @@ void TableCopy::finish()
         m_losses.cells += isInserted ? 0 : 1;
     }
     countLost();
-    if (!m_table.sql.contains("autoincrement"_L1, Qt::CaseInsensitive))
+    if (!hasCounter())
         return;
     SQLite::Statement counter(m_target, "insert into sqlite_sequence (name, seq) select ?1, 0 "
                                         "where not exists (select 1 from sqlite_sequence where name = ?1)");

@@ -8,6 +8,7 @@
 #include <SQLiteCpp/Statement.h>
 #include <map>
 #include <optional>
+#include <set>
 
 namespace obelmark {
 
@@ -16,8 +17,8 @@ class TableCopy
 {
 public:
     /// \a target and \a table must outlive this. \a counter: the last number that the file says the table has
-    /// given; 0 when it does not.
-    TableCopy(SQLite::Database &target, const SchemaObject &table, std::int64_t counter);
+    /// given; 0: it has given none.
+    TableCopy(SQLite::Database &target, const SchemaObject &table, std::optional<std::int64_t> counter);
 
     const QString &name() const { return m_table.name; }
     const RepairReport::Table &report() const { return m_report; }
@@ -35,8 +36,10 @@ public:
     bool hasEvidence() const { return !m_evidence.isEmpty(); }
     /// Of rows that no table leads to, how many look like this one's.
     std::size_t alike(const std::vector<SalvagedRow> &rows) const;
-    /// How many of them the table's indexes have.
+    /// How many of them the table's indexes have; 0 when they have others of those numbers.
     std::size_t confirmed(const std::vector<SalvagedRow> &rows) const;
+    /// Whether copy() has left them to others.
+    bool hasRefused(const std::vector<SalvagedRow> &rows) const;
     /// Whether one of them has been saved already, the very same.
     bool knows(const std::vector<SalvagedRow> &rows) const;
     /// Whether they would fill a hole of this table.
@@ -60,6 +63,7 @@ private:
     bool couldBeEntry(const SalvagedRow &entry, const std::vector<int> &columns) const;
     bool isSaved(std::int64_t id);
     void forgetForeignEvidence();
+    bool hasCounter() const;
     void countLost();
     bool inHole(std::int64_t id) const;
     void save(const SalvagedRow &row);
@@ -78,7 +82,8 @@ private:
     RepairEvidence m_evidence;
     std::vector<std::int64_t> m_savedIds;
     std::map<std::int64_t, SalvagedRow> m_unnumbered;
-    std::int64_t m_counter;
+    std::set<std::pair<std::int64_t, std::int64_t>> m_refused; ///< first and last id of pages
+    std::optional<std::int64_t> m_counter;
     std::int64_t m_highestId = 0;
     RepairReport::Table m_report;
 };
