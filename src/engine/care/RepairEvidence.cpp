@@ -92,12 +92,14 @@ void RepairEvidence::learn(const SalvagedRow &row)
     }
 }
 
-void RepairEvidence::forgetForeign(const std::vector<std::int64_t> &ids)
+void RepairEvidence::forgetUnlike(const std::vector<std::int64_t> &ids, bool alsoUnproved)
 {
     if (checkEachOther())
         return;
     std::vector<bool> hasRight(m_pages.size());
     std::vector<bool> hasWrong(m_pages.size());
+    if (alsoUnproved && !ids.empty())
+        hasWrong.flip();
     for (const Entry &entry : m_entries) {
         if (entry.isRight)
             hasRight[entry.page] = true;

@@ -24,7 +24,9 @@ public:
     void forgetBeyond(std::int64_t highest);
     /// Forgets pages that tell of rows in the table, and of each of them wrongly. \a ids: all those that are
     /// in the table, rising.
-    void forgetForeign(const std::vector<std::int64_t> &ids);
+    void forgetForeign(const std::vector<std::int64_t> &ids) { forgetUnlike(ids, false); }
+    /// Forgets pages that tell of no row in the table rightly, unless there are none.
+    void forgetUnproved(const std::vector<std::int64_t> &ids) { forgetUnlike(ids, true); }
 
     bool isEmpty() const { return m_entries.empty(); }
     /// Whether an index has been read to its end and goes with the table: then it names every row.
@@ -58,6 +60,7 @@ private:
     static std::size_t entryHash(std::size_t index, const SalvagedRow &row, const std::vector<int> &columns);
     static std::size_t rowHash(const SalvagedRow &row);
     bool checkEachOther() const;
+    void forgetUnlike(const std::vector<std::int64_t> &ids, bool alsoUnproved);
     void forgetPages(const std::vector<bool> &pages);
     void collectIds();
 

@@ -82,12 +82,12 @@ std::size_t TableCopy::oddValues(const SalvagedRow &row) const
     return odd;
 }
 
-/// Whether the values are such as the table's columns hold, but for a few that are damaged or foreign; the
-/// last columns may have been added when the row was there already.
+/// Whether the values are such as the table's columns hold, but for a few that are damaged or foreign. Less
+/// than half of the columns may have been added when the row was there already.
 bool TableCopy::couldBeRow(const SalvagedRow &row) const
 {
     const bool hasId = m_rowIdColumn < row.values.size();
-    return row.values.size() <= m_columns.size() &&
+    return row.values.size() <= m_columns.size() && 2 * row.values.size() > m_columns.size() &&
            (!hasId || std::holds_alternative<std::monostate>(row.values[m_rowIdColumn])) &&
            oddValues(row) <= m_columns.size() / 4;
 }
@@ -103,10 +103,13 @@ void TableCopy::copy(SalvageFile &damaged, const SalvageFile::PageTest &isAnothe
     const auto isOurs = [&](const std::vector<SalvagedRow> &rows) {
         if (confirmed(rows) > 0)
             return true;
-        const auto isLikely = [this](const SalvagedRow &row) {
-            return couldBeRow(row) && 2 * row.values.size() > m_columns.size();
-        };
-        return std::any_of(rows.begin(), rows.end(), isLikely) && !isBeyondCounter(rows) && !isAnothers(rows);
+        if (std::none_of(rows.begin(), rows.end(),
+                         [this](const SalvagedRow &row) { return couldBeRow(row); }))
+            return false;
+        const bool isRefused = isBeyondCounter(rows) || isAnothers(rows);
+        if (isRefused)
+            m_refused.emplace(rows.front().id, rows.back().id);
+        return !isRefused;
     };
     std::int64_t tooLong = 0;
     m_losses = damaged.readTable(m_table.rootPage, isOurs, [&](const SalvagedRow &row) {
@@ -118,12 +121,6 @@ void TableCopy::copy(SalvageFile &damaged, const SalvageFile::PageTest &isAnothe
     m_losses.cells += tooLong;
     for (const RowRange &range : m_losses.ranges)
         know(range.after);
-    forgetForeignEvidence();
-}
-
-/// What the indexes tell is of this table only where it goes with the rows.
-void TableCopy::forgetForeignEvidence()
-{
     std::sort(m_savedIds.begin(), m_savedIds.end());
     m_evidence.forgetForeign(m_savedIds);
 }
@@ -280,7 +277,9 @@ bool TableCopy::insert(const SalvagedRow &row)
 /// each of them.
 void TableCopy::countLost()
 {
-    forgetForeignEvidence();
+    const bool areAllNamed = m_evidence.isComplete();
+    std::sort(m_savedIds.begin(), m_savedIds.end());
+    m_evidence.forgetUnproved(m_savedIds);
     const auto isSaved = [this](std::int64_t id) {
         return std::binary_search(m_savedIds.begin(), m_savedIds.end(), id);
     };
@@ -302,8 +301,7 @@ void TableCopy::countLost()
     if (m_counter == 0 && m_report.rowsSaved == 0)
         return; // there has never been a row
     const qint64 unnamed = empty + m_losses.cells;
-    m_report.rowsLost =
-        std::max(qint64(named), m_evidence.isComplete() ? std::min(unnamed, qint64(1)) : unnamed);
+    m_report.rowsLost = std::max(qint64(named), areAllNamed ? std::min(unnamed, qint64(1)) : unnamed);
 }
 
 void TableCopy::finish()

@@ -62,7 +62,6 @@ private:
     bool isRow(const SalvagedRow &row) const;
     bool couldBeEntry(const SalvagedRow &entry, const std::vector<int> &columns) const;
     bool isSaved(std::int64_t id);
-    void forgetForeignEvidence();
     bool hasCounter() const;
     void countLost();
     bool inHole(std::int64_t id) const;
