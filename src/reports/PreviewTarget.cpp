@@ -41,8 +41,10 @@ void PreviewTarget::addRow(const ReportRow &row)
     }
     // In the preview a ";" of a value ends its row, and a "|" its cell.
     QString body;
-    for (const QStringView cell : cells)
-        body += cell + u'|';
+    for (const QStringView cell : cells) {
+        body += cell;
+        body += u'|';
+    }
     body.back() = u';';
     m_report->addTable(m_tableFormat, body);
 }
