@@ -286,7 +286,7 @@ void frmMain::Form_Load()
         });
     }
     removeUnfinishedFiles(m_shared.AppFolder);
-    removeUnfinishedPictures(m_shared.AppFolder);
+    removeUnfinishedPicture(m_shared.AppFolder);
     step([&] { Form_Activate(); });
     step([&] { m_shared.CoinRecordset = openCoins(coinDatabase(m_shared), m_shared.SortOrder); });
     m_seenRepairs = m_shared.DatabaseRepairs;

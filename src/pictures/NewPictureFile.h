@@ -1,6 +1,8 @@
 #pragma once
 
+#include "runtime/SafeFile.h"
 #include <QString>
+#include <optional>
 
 class QImage;
 
@@ -14,10 +16,7 @@ class NewPictureFile
 public:
     /// Writes the picture, quality 90. \throws NumberedError jpegError
     NewPictureFile(const QImage &picture, const QString &appFolder, qint64 coinId);
-    /// Drops the picture unless it has been put in place.
-    ~NewPictureFile();
-    NewPictureFile(const NewPictureFile &) = delete;
-    NewPictureFile &operator=(const NewPictureFile &) = delete;
+    // Destroyed before it has been put in place, the picture is dropped.
 
     /// The coin's other pictures go. \throws NumberedError
     void place();
@@ -25,7 +24,7 @@ public:
 private:
     QString m_appFolder;
     qint64 m_coinId;
-    QString m_temporary;
+    std::optional<SafeFile> m_file;
 };
 
 } // namespace obelmark

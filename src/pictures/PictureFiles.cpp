@@ -10,10 +10,7 @@
 #include <QFileInfo>
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace obelmark {
 
@@ -95,10 +92,9 @@ QString writtenPictureFile(const QString &appFolder, qint64 coinId)
     return u"%1%2.jpg"_s.arg(imagesFolder(appFolder), stem(coinId));
 }
 
-void removeUnfinishedPictures(const QString &appFolder)
+void removeUnfinishedPicture(const QString &appFolder)
 {
-    for (const QLatin1StringView name : {unfinishedPicture, unfinishedJpeg, unfinishedBytes})
-        removeUnfinishedFile(imagesFolder(appFolder) + name);
+    removeUnfinishedFile(imagesFolder(appFolder) + unfinishedPicture);
 }
 
 void deleteReplacedPictures(const QString &appFolder, qint64 coinId)
@@ -142,27 +138,6 @@ void setAsideStrayPictures(const SharedState &shared, qint64 newCoinId)
     }
     if (!strays.isEmpty())
         flushToDisk(folder.path());
-}
-
-void putInPlace(const QString &finished, const QString &target)
-{
-    const QByteArray from = QFile::encodeName(finished), to = QFile::encodeName(target);
-    struct stat replaced
-    {
-    };
-    if (::stat(to.constData(), &replaced) == 0) {
-        // What a file system does not know, or only root may do, does not stop the picture.
-        if (::chown(from.constData(), replaced.st_uid, replaced.st_gid) != 0)
-            errno = 0;
-        if (::chmod(from.constData(), replaced.st_mode & 07777) != 0)
-            errno = 0;
-        const timespec times[] = {replaced.st_atim, replaced.st_mtim};
-        if (::utimensat(AT_FDCWD, from.constData(), times, 0) != 0)
-            errno = 0;
-    }
-    if (std::rename(from.constData(), to.constData()) != 0)
-        throw NumberedError(PathFileAccess, u"%1: '%2'"_s.arg(qt_error_string(errno), target));
-    flushToDisk(QFileInfo(target).path());
 }
 
 } // namespace obelmark

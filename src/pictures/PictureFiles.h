@@ -21,14 +21,12 @@ QString findPictureFile(const QString &appFolder, qint64 coinId);
 /// Where a new picture of the coin is written.
 QString writtenPictureFile(const QString &appFolder, qint64 coinId);
 
-/// Names of files in the making in the images folder. There is one of each at most, so that nobody has to
-/// look for them among all the pictures.
+/// The name of a picture in the making in the images folder. There is one at most, so that nobody has to look
+/// for it among all the pictures.
 inline constexpr QLatin1StringView unfinishedPicture(".obelmark-picture.tmp");
-inline constexpr QLatin1StringView unfinishedJpeg(".obelmark-jpeg.tmp");
-inline constexpr QLatin1StringView unfinishedBytes(".obelmark-bytes.tmp");
 
-/// Removes those that a run which was cut off has left. See removeUnfinishedFile().
-void removeUnfinishedPictures(const QString &appFolder);
+/// Removes the one that a run which was cut off has left. See removeUnfinishedFile().
+void removeUnfinishedPicture(const QString &appFolder);
 
 /// Deletes the pictures of other extensions that a newly written one replaces. Files that are no pictures
 /// stay.
@@ -40,9 +38,5 @@ bool deletePicture(const QString &file);
 /// Renames the files that already lie there under the key of a coin that is new: they are not this coin's.
 /// What cannot be renamed is told to the user.
 void setAsideStrayPictures(const SharedState &shared, qint64 newCoinId);
-
-/// Puts a finished file in the place of another, which hands on its access and modification times and its
-/// mode, before the change: nobody ever sees the new file without them. \throws NumberedError
-void putInPlace(const QString &finished, const QString &target);
 
 } // namespace obelmark

@@ -5,8 +5,6 @@
 #include "runtime/NumberedError.h"
 #include "runtime/SafeFile.h"
 #include <QBuffer>
-#include <QFile>
-#include <QFileInfo>
 #include <QImage>
 #include <QImageWriter>
 
@@ -15,6 +13,8 @@ namespace obelmark {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr qint32 pictureQuality = 90;
 
 QByteArray encode(const cDIBSection &section, qint32 quality)
 {
@@ -33,35 +33,44 @@ QByteArray encode(const cDIBSection &section, qint32 quality)
     return bytes;
 }
 
+void writeFile(const QByteArray &bytes, const QString &fileName)
+{
+    writingJpeg([&] {
+        SafeFile file(fileName, unfinishedPicture, true);
+        file.write(bytes);
+        file.commit();
+    });
+}
+
 } // namespace
 
 bool WriteJPEGFile(const cDIBSection &section, const QString &fileName, qint32 quality)
 {
-    const QByteArray bytes = encode(section, quality);
-    // Names for all pictures: only one program at a time has the collection open, and what an earlier one has
-    // left behind is written over.
-    const QString temporary = QFileInfo(fileName).path() + u'/' + unfinishedJpeg;
-    try {
-        QFile::remove(temporary);
-        SafeFile file(temporary, unfinishedBytes);
-        file.write(bytes);
-        file.commit();
-        putInPlace(temporary, fileName);
-    } catch (const NumberedError &error) {
-        QFile::remove(temporary);
-        throw NumberedError(jpegError, u"Failed to save to JPG %1"_s.arg(error.number()));
-    }
+    writeFile(encode(section, quality), fileName);
     return true;
 }
 
-void writePicture(const QImage &picture, const QString &fileName)
+QByteArray jpegOf(const QImage &picture)
 {
-    constexpr qint32 quality = 90;
     cDIBSection section;
     if (!section.CreateFromPicture(picture))
         throw NumberedError(jpegError,
                             u"Failed to save to JPG %1"_s.arg(int(QImageWriter::InvalidImageError)));
-    WriteJPEGFile(section, fileName, quality);
+    return encode(section, pictureQuality);
+}
+
+void writePicture(const QImage &picture, const QString &fileName)
+{
+    writeFile(jpegOf(picture), fileName);
+}
+
+void writingJpeg(const std::function<void()> &step)
+{
+    try {
+        step();
+    } catch (const NumberedError &error) {
+        throw NumberedError(jpegError, u"Failed to save to JPG %1"_s.arg(error.number()));
+    }
 }
 
 } // namespace obelmark

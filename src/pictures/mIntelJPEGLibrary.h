@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
+#include <functional>
 
 class QImage;
 
@@ -15,8 +17,14 @@ inline constexpr int jpegError = 26001;
 /// replaces stays until then and hands on its times and mode. Answers true. \throws NumberedError jpegError
 bool WriteJPEGFile(const cDIBSection &section, const QString &fileName, qint32 quality);
 
-/// Writes a picture as the coins' pictures are written: a bitmap of it at quality 90. \throws as
-/// WriteJPEGFile()
+/// A picture as the coins' pictures are written: a bitmap of it at quality 90. \throws NumberedError
+/// jpegError
+QByteArray jpegOf(const QImage &picture);
+
+/// Writes that. \throws as WriteJPEGFile()
 void writePicture(const QImage &picture, const QString &fileName);
+
+/// Carries out a step of writing a picture's file. \throws NumberedError jpegError for what that raises
+void writingJpeg(const std::function<void()> &step);
 
 } // namespace obelmark

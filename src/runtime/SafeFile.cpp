@@ -134,8 +134,8 @@ QByteArray randomName(const QString &folder)
 
 struct SafeFile::Private
 {
-    Private(const QString &givenPath, const QString &temporaryName)
-        : path(givenPath), target(linkedFile(givenPath)), folder(folderOf(target)),
+    Private(const QString &givenPath, const QString &temporaryName, bool keepsTimes)
+        : path(givenPath), target(linkedFile(givenPath)), folder(folderOf(target)), keepTimes(keepsTimes),
           descriptor(create(temporaryName))
     {
     }
@@ -148,14 +148,14 @@ struct SafeFile::Private
 
     int create(const QString &givenName)
     {
-        const auto replaced = existing(target, path);
+        replaced = existing(target, path);
         int number = -1;
         do {
             temporary =
                 givenName.isEmpty() ? randomName(folder) : QFile::encodeName(folder + u'/' + givenName);
             if (!givenName.isEmpty())
                 ::unlink(temporary.constData());
-            number = uninterrupted([this, &replaced] {
+            number = uninterrupted([this] {
                 // A file that others must not read is not open to them under its temporary name either.
                 return ::open(temporary.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC,
                               replaced ? 0600 : 0666);
@@ -205,14 +205,16 @@ struct SafeFile::Private
     const QString path;
     const QString target;
     const QString folder;
+    const bool keepTimes;
+    std::optional<struct stat> replaced;
     QByteArray temporary; ///< empty once it has been put in place
     QByteArray buffer;
     int failure = 0;
     Descriptor descriptor;
 };
 
-SafeFile::SafeFile(const QString &path, const QString &temporaryName)
-    : d(std::make_unique<Private>(path, temporaryName))
+SafeFile::SafeFile(const QString &path, const QString &temporaryName, bool keepTimes)
+    : d(std::make_unique<Private>(path, temporaryName, keepTimes))
 {
 }
 
@@ -227,15 +229,27 @@ void SafeFile::write(const QByteArray &bytes)
         d->flushBuffer();
 }
 
-void SafeFile::commit()
+void SafeFile::finish()
 {
     write({});
     d->flushBuffer();
+    if (d->keepTimes && d->replaced) {
+        // What a file system does not know does not stop the file.
+        const timespec times[] = {d->replaced->st_atim, d->replaced->st_mtim};
+        if (::futimens(d->descriptor.number(), times) != 0)
+            errno = 0;
+    }
     if (uninterrupted([this] { return ::fsync(d->descriptor.number()); }) != 0)
         d->fail(errno);
     // Some network file systems tell only now that there was no room.
     if (::close(d->descriptor.release()) != 0 && errno != EINTR)
         d->fail(errno);
+}
+
+void SafeFile::commit()
+{
+    if (d->descriptor.number() >= 0)
+        finish();
     if (::rename(d->temporary.constData(), QFile::encodeName(d->target).constData()) != 0)
         d->fail(errno);
     d->temporary.clear();

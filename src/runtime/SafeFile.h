@@ -16,7 +16,8 @@ class SafeFile
 public:
     /// A temporary name that is given is that of at most one file at a time: what stands there is replaced.
     /// \throws PathNotFound, PermissionDenied, DiskFull or PathFileAccess, the description naming the file
-    explicit SafeFile(const QString &path, const QString &temporaryName = {});
+    /// \a keepTimes: a file that is replaced hands on its times of access and change.
+    explicit SafeFile(const QString &path, const QString &temporaryName = {}, bool keepTimes = false);
     ~SafeFile();
     SafeFile(const SafeFile &) = delete;
     SafeFile &operator=(const SafeFile &) = delete;
@@ -25,7 +26,10 @@ public:
     /// \throws DiskFull or PathFileAccess, the description naming the file and the reason. After that the
     /// file cannot be committed any more.
     void write(const QByteArray &bytes);
-    /// Flushes file and folder to the disk and puts the file in place. To be called once. \throws as write()
+    /// Flushes the file to the disk under its temporary name. To be called once; commit() does it otherwise.
+    /// \throws as write()
+    void finish();
+    /// Puts the file in place and flushes the folder to the disk. To be called once. \throws as write()
     void commit();
 
 private:
