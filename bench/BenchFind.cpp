@@ -15,7 +15,7 @@ namespace {
 struct Finders
 {
     Finders(const QString &path, const QString &plainSql)
-        : database(openCoinDatabase(path)), coins(openCoins(*database, 1)),
+        : database(openCoinDatabase(path)), coins(openCoins(*database)),
           plainDatabase(openPlain(twinOf(path))),
           plainQuery(prepare(plainDatabase.get(), plainSql.toStdString()))
     {

@@ -19,7 +19,7 @@ struct Movers
 {
     explicit Movers(const SortOrder &sortOrder)
         : order(sortOrder), database(openCoinDatabase(collection(million))),
-          coins(openCoins(*database, order.number)), plainDatabase(openPlain(twinOf(collection(million)))),
+          coins(openCoins(*database, CoinOrder(order.number))), plainDatabase(openPlain(twinOf(collection(million)))),
           plainCoins(plainDatabase.get(), order.keys)
     {
         coins->moveLast();
@@ -52,7 +52,7 @@ constexpr Move moves[] = {
     {"change of order",
      [](Movers &m) {
          // As the main window does. Opening makes the first coin current; then it moves to the last and back.
-         m.coins = openCoins(*m.database, m.order.number);
+         m.coins = openCoins(*m.database, CoinOrder(m.order.number));
          m.coins->moveLast();
          m.coins->moveFirst();
      },

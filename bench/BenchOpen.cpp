@@ -19,7 +19,7 @@ OpenCollection openToFirstCoin(const QString &path)
 {
     OpenCollection opened;
     opened.database = openCoinDatabase(path);
-    opened.coins = openCoins(*opened.database, 1);
+    opened.coins = openCoins(*opened.database);
     opened.coins->moveLast();
     opened.coins->moveFirst();
     readRow(*opened.coins);

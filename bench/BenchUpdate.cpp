@@ -30,7 +30,7 @@ public:
     {
         requireRealDisk();
         m_database = openCoinDatabase(scratchCopy(collection(million), u"update"_s));
-        m_coins = openCoins(*m_database, 1);
+        m_coins = openCoins(*m_database);
         m_plain = openPlain(scratchCopy(collection(million), u"update-plain"_s));
         m_update =
             prepare(m_plain.get(), std::string("update Coin set pricepaid = ?2, totalpaid = ?2, notes = ?3") +

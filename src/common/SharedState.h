@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/LookupTables.h"
+#include "common/MenuChoices.h"
 #include "engine/rows/Database.h"
 #include "runtime/Dates.h"
 #include "runtime/RegionalSettings.h"
@@ -37,10 +39,10 @@ struct SharedState
     /// The user knows that its file has been taken away, and need not be told before the next write.
     bool FileLossTold = false;
 
-    qint16 SortOrder = 1; ///< 1 description, 2 catalogue number, 3 year
+    CoinOrder SortOrder = CoinOrder::Description;
 
-    qint16 CodesMode = 1; ///< 1 categories, 2 conditions, 3 countries, 4 formats, 5 mints, 6 sellers, 7 types
-    bool ReloadCategories = false; ///< the main window's list of that table is stale
+    Lookup CodesMode = Lookup::Categories; ///< the table to be maintained
+    bool ReloadCategories = false;         ///< the main window's list of that table is stale
     bool ReloadConditions = false;
     bool ReloadCountries = false;
     bool ReloadFormats = false;
@@ -57,15 +59,12 @@ struct SharedState
     QString CustomUseWith;      ///< the catalogue rows that the report designer offers
     bool FindCancelled = false; ///< no search was started; a file dialog was left with Cancel
 
-    qint16 OutputTarget = 1;         ///< 1 preview, 2 text file, 3 HTML
-    QString TableFormat;             ///< columns of the report last started on the preview: "2880|>1400;"
-    QString TableHeading;            ///< its column headings: "Description|Price;"
+    ReportKind OutputTarget = ReportKind::Preview;
     bool RepeatHeading = false;      ///< the headings stand on top of every page
-    quint32 HeaderShade = 0x000000;  ///< colour of a report's header, 0xRRGGBB
     quint32 HeadingShade = 0xC8C8C8; ///< colour of a report's repeated heading row
 
-    qint16 ReportGroupMode = 1;  ///< the lookup table that the grouped report groups by, a code of CodesMode
-    qint32 SelectedGroupID = -1; ///< the key of the entry to report on; -1 for all
+    Lookup ReportGroupMode = Lookup::Categories; ///< the table that the grouped report groups by
+    qint32 SelectedGroupID = -1;                 ///< the key of the entry to report on; -1 for all
 
     QString DateOrder; ///< the order of month, day and year in the system's short date, such as "dmy"
     QString DateSep;   ///< its separator

@@ -3,6 +3,7 @@
 #include "common/SharedState.h"
 #include "editor/LookupList.h"
 #include "store/CoinFile.h"
+#include "ui_frmMain.h"
 
 namespace obelmark {
 
@@ -10,38 +11,28 @@ namespace {
 
 struct ListRow
 {
-    bool SharedState::*stale;
-    const char16_t *control;
-    const char16_t *sql;
-    const char16_t *key;
-    const char16_t *description;
+    Lookup table;
+    LookupList *Ui::frmMain::*list;
 };
 
 constexpr ListRow listTable[] = {
-    {&SharedState::ReloadConditions, u"cmbCon", u"Select * from condition order by Condesc", u"conid",
-     u"Condesc"},
-    {&SharedState::ReloadSellers, u"cmbBou", u"Select * from boughtfrom order by bouDesc", u"bouid",
-     u"bouDesc"},
-    {&SharedState::ReloadTypes, u"cmbTyp", u"Select * from type order by typDesc", u"typid", u"typdesc"},
-    {&SharedState::ReloadCategories, u"cmbCat", u"Select * from category order by catdesc", u"catid",
-     u"catdesc"},
-    {&SharedState::ReloadCountries, u"cmbCou", u"Select * from country order by coudesc", u"couid",
-     u"coudesc"},
-    {&SharedState::ReloadMints, u"cmbMin", u"Select * from mint order by minDesc", u"minid", u"mindesc"},
-    {&SharedState::ReloadFormats, u"cmbFor", u"Select * from format order by forDesc", u"forid", u"fordesc"},
+    {Lookup::Conditions, &Ui::frmMain::cmbCon}, {Lookup::Sellers, &Ui::frmMain::cmbBou},
+    {Lookup::Types, &Ui::frmMain::cmbTyp},      {Lookup::Categories, &Ui::frmMain::cmbCat},
+    {Lookup::Countries, &Ui::frmMain::cmbCou},  {Lookup::Mints, &Ui::frmMain::cmbMin},
+    {Lookup::Formats, &Ui::frmMain::cmbFor},
 };
 
-void reload(LookupList &list, Database &database, const ListRow &row)
+void reload(LookupList &list, Database &database, const LookupTable &table)
 {
     const qint64 remembered = list.key().value_or(0);
     list.clear();
     int selected = -1;
-    const auto entries = database.openSnapshot(QString::fromUtf16(row.sql));
+    const auto entries = database.openSnapshot(table.entriesQuery());
     for (; !entries->eof(); entries->moveNext()) {
-        const qint64 key = entries->value(row.key).toInt();
+        const qint64 key = entries->value(table.KeyField).toInt();
         if (key == remembered)
             selected = list.count();
-        list.addItem(entries->value(row.description).toText(), QVariant::fromValue(key));
+        list.addItem(entries->value(table.DescField).toText(), QVariant::fromValue(key));
     }
     // The list selects its first entry by itself, which would turn a null key into a wrong one.
     list.setCurrentIndex(selected);
@@ -51,19 +42,18 @@ void reload(LookupList &list, Database &database, const ListRow &row)
 
 void markAllLookupListsStale(SharedState &shared)
 {
-    for (const ListRow &row : listTable)
-        shared.*row.stale = true;
+    for (const LookupTable &table : lookupTables())
+        shared.*table.stale = true;
 }
 
-void reloadStaleLookupLists(QWidget &window, SharedState &shared)
+void reloadStaleLookupLists(Ui::frmMain &window, SharedState &shared)
 {
     for (const ListRow &row : listTable) {
-        if (!(shared.*row.stale))
+        const LookupTable &table = lookupTable(row.table);
+        if (!(shared.*table.stale))
             continue;
-        auto *list = window.findChild<LookupList *>(QString::fromUtf16(row.control));
-        Q_ASSERT(list);
-        reload(*list, coinDatabase(shared), row);
-        shared.*row.stale = false;
+        reload(*(window.*row.list), coinDatabase(shared), table);
+        shared.*table.stale = false;
     }
 }
 

@@ -261,9 +261,8 @@ void frmMain::Form_Load()
     };
     step([&] { ChkDateFmt(m_shared); });
     markAllLookupListsStale(m_shared);
-    m_shared.OutputTarget = 1;
-    m_shared.SortOrder = 1;
-    m_shared.HeaderShade = 0x000000;
+    m_shared.OutputTarget = ReportKind::Preview;
+    m_shared.SortOrder = CoinOrder::Description;
     m_shared.HeadingShade = 0xC8C8C8;
     m_shared.AppFolder = QDir::currentPath();
     if (!m_shared.AppFolder.endsWith(u'/'))
@@ -321,7 +320,7 @@ void frmMain::Form_Activate()
         if (wasBrowsing)
             Editing = false;
     });
-    reloadStaleLookupLists(*this, m_shared);
+    reloadStaleLookupLists(*m_ui, m_shared);
 }
 
 void frmMain::Form_Unload()
@@ -399,8 +398,8 @@ void frmMain::mnuPack_Click()
 
 void frmMain::mnuSort_Click(int index)
 {
-    m_shared.SortOrder = qint16(index);
-    m_shared.CoinRecordset = openCoins(coinDatabase(m_shared), index);
+    m_shared.SortOrder = CoinOrder(index);
+    m_shared.CoinRecordset = openCoins(coinDatabase(m_shared), m_shared.SortOrder);
     if (coins().isEmpty()) {
         showEmptyTable();
     } else {
@@ -412,14 +411,14 @@ void frmMain::mnuSort_Click(int index)
 
 void frmMain::mnuMaint_Click(int index)
 {
-    m_shared.CodesMode = qint16(index);
+    m_shared.CodesMode = Lookup(index);
     // A window of its own, which stays open when this one makes room for a backup.
     (new frmCodesMaint(m_shared))->show();
 }
 
 void frmMain::mnuRptOut_Click(int index)
 {
-    m_shared.OutputTarget = qint16(index);
+    m_shared.OutputTarget = ReportKind(index);
 }
 
 void frmMain::mnuRptCustom_Click()

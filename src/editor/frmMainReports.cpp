@@ -25,7 +25,7 @@ void frmMain::mnuRpt_Click(int index)
         RptCoinList(m_shared, m_windows.output);
         return;
     }
-    m_shared.ReportGroupMode = reportGroups()[size_t(index - 2)].mode;
+    m_shared.ReportGroupMode = reportGroups()[size_t(index - 2)].table;
     RptCoinsBy(m_shared, m_windows.output, [this] { frmRptSel(m_shared, this).exec(); });
 }
 

@@ -23,7 +23,7 @@ using namespace Qt::StringLiterals;
 
 frmCodesMaint::frmCodesMaint(SharedState &shared, QWidget *parent)
     : QWidget(parent, Qt::Window), m_shared(shared), Mode(lookupMode(shared.CodesMode)),
-      m_ui(std::make_unique<Ui::frmCodesMaint>())
+      m_table(lookupTable(Mode.table)), m_ui(std::make_unique<Ui::frmCodesMaint>())
 {
     setAttribute(Qt::WA_DeleteOnClose);
     m_ui->setupUi(this);
@@ -32,8 +32,8 @@ frmCodesMaint::frmCodesMaint(SharedState &shared, QWidget *parent)
         control->onChange(this, [this] { MarkChanged(); });
         m_fields.push_back({QString::fromUtf16(column), std::move(control), {}});
     };
-    addField(Mode.DescField, std::make_unique<TextControl>(m_ui->txtDesc));
-    if (Mode.hasSellerFields) {
+    addField(m_table.DescField, std::make_unique<TextControl>(m_ui->txtDesc));
+    if (m_table.id == Lookup::Sellers) {
         addField(u"BouPhone", std::make_unique<TextControl>(m_ui->txtBouPhone));
         addField(u"BouFav", std::make_unique<YesNoControl>(m_ui->chkBouFav));
         addField(u"bounotes", std::make_unique<NotesControl>(m_ui->txtBouNotes));
@@ -73,10 +73,10 @@ void frmCodesMaint::Form_Load()
     const QList<QWidget *> sellerFields{m_ui->lblBouPhone, m_ui->txtBouPhone, m_ui->chkBouFav,
                                         m_ui->lblBouNotes, m_ui->txtBouNotes};
     for (QWidget *widget : sellerFields)
-        widget->setVisible(Mode.hasSellerFields);
+        widget->setVisible(m_table.id == Lookup::Sellers);
     setHelpTopic(*this, Mode.helpTopic);
     // As low as one field and the buttons allow; the first size does not go below that.
-    if (!Mode.hasSellerFields)
+    if (m_table.id != Lookup::Sellers)
         resize(width(), 0);
     setFirstSize(*this);
     makeDefault(m_ui->cmdOk);
@@ -92,7 +92,7 @@ void frmCodesMaint::Form_Load()
 
 void frmCodesMaint::Form_Activate()
 {
-    m_shared.*Mode.reload = true;
+    m_shared.*m_table.stale = true;
     if (m_seenRepairs != m_shared.DatabaseRepairs)
         run([&] { resumeAfterRepair(); });
     else if (m_entries && !Editing && !Adding)
@@ -127,7 +127,7 @@ void frmCodesMaint::run(const std::function<void()> &procedure)
 
 void frmCodesMaint::openEntries()
 {
-    m_entries = coinDatabase(m_shared).openDynaset(QString::fromUtf16(Mode.sql));
+    m_entries = coinDatabase(m_shared).openDynaset(m_table.entriesQuery());
     m_seenRepairs = m_shared.DatabaseRepairs;
 }
 
@@ -359,12 +359,12 @@ void frmCodesMaint::beginEntry()
 
 qint64 frmCodesMaint::currentKey()
 {
-    return entries().value(Mode.IDField).toInt();
+    return entries().value(m_table.KeyField).toInt();
 }
 
 void frmCodesMaint::findKey(qint64 key)
 {
-    entries().findFirst(u"%1 = %2"_s.arg(QString::fromUtf16(Mode.IDField), QString::number(key)));
+    entries().findFirst(u"%1 = %2"_s.arg(QStringView(m_table.KeyField), QString::number(key)));
 }
 
 bool frmCodesMaint::isOnEntry()
@@ -435,8 +435,7 @@ void frmCodesMaint::cmdCancel_Click()
 bool frmCodesMaint::isInUse(qint64 key)
 {
     // Read only as far as the first coin: there may be many.
-    const auto coins =
-        coinDatabase(m_shared).openForwardOnly(QString::fromUtf16(Mode.inUseQuery) + QString::number(key));
+    const auto coins = coinDatabase(m_shared).openForwardOnly(m_table.coinsQuery(key));
     return !coins->eof();
 }
 
@@ -468,7 +467,7 @@ void frmCodesMaint::cmdFind_Click()
     const QString prompt = u"Enter the %1 description to find:"_s.arg(QString::fromUtf16(Mode.noun));
     QString beginning = m_shared.desktop.askText(prompt, u"Find Code"_s).value_or(QString());
     beginning.replace(u"'"_s, u"''"_s);
-    entries().findFirst(u"%1 like '%2*'"_s.arg(QString::fromUtf16(Mode.DescField), beginning));
+    entries().findFirst(u"%1 like '%2*'"_s.arg(QStringView(m_table.DescField), beginning));
     if (entries().noMatch())
         m_shared.desktop.showMessage(u"That record was not found."_s, u"No Records Match"_s);
     else

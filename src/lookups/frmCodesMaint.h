@@ -15,6 +15,7 @@ class EditButtons;
 class FieldControl;
 enum class Move;
 struct LookupMode;
+struct LookupTable;
 struct SharedState;
 namespace Ui {
 class frmCodesMaint;
@@ -98,6 +99,7 @@ private:
 
     SharedState &m_shared;
     const LookupMode &Mode;
+    const LookupTable &m_table;
     std::unique_ptr<Ui::frmCodesMaint> m_ui;
     std::unique_ptr<EditButtons> m_buttons;
     std::vector<Field> m_fields;

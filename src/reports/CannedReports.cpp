@@ -35,20 +35,27 @@ CannedReport coinList()
 
 CannedReport coinsBy(const ReportGroup &group, qint32 selected)
 {
-    const auto text = [](const char16_t *part) { return QString::fromUtf16(part); };
-    QString query = text(group.query) + ownedCoins();
+    const LookupTable &table = lookupTable(group.table);
+    const QString name = QString::fromUtf16(table.name);
+    const QString key = QString::fromUtf16(table.KeyField);
+    const QString entry = QString::fromUtf16(table.DescField);
+    const QString caption = QString::fromUtf16(table.caption);
+    QString query =
+        u"Select descr, CatNum, Quantity, face, year, %1 from Coin left join %2 on Coin.%3 = %2.%3"_s.arg(
+            entry, name, key) +
+        ownedCoins();
     if (selected != -1)
-        query += text(group.condition) + QString::number(selected);
-    query += text(group.order);
+        query += u"and Coin.%1 = %2"_s.arg(key).arg(selected);
+    query += u" order by %1, descr"_s.arg(entry);
     return {
         .textFile = u"Coin.txt"_s,
         .htmlFile = u"coin.htm"_s,
-        .title = text(group.title),
+        .title = u"Coins by "_s + caption,
         .htmlTitleColumns = 5,
         .TableFormat = u"2160|2880|1440|>1440|>1340|>1340;"_s,
-        .headings = text(group.heading) + u"|Description|Cat #|Face Value|Year|Quantity"_s,
+        .headings = caption + u"|Description|Cat #|Face Value|Year|Quantity"_s,
         .query = query,
-        .cells = {{text(group.DescField)},
+        .cells = {{entry},
                   {u"descr"_s},
                   {u"CatNum"_s},
                   {u"face"_s, MoneyOrBlank, true},

@@ -15,8 +15,6 @@ PreviewTarget::~PreviewTarget()
 void PreviewTarget::StartReportOutput(const ReportOpening &opening)
 {
     m_tableFormat = opening.TableFormat;
-    m_shared.TableFormat = opening.TableFormat;
-    m_shared.TableHeading = opening.TableHeading;
     m_shared.desktop.setHourglass(true);
     m_report.emplace();
     m_report->setPage(m_preview.document().page());

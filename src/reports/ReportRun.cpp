@@ -62,7 +62,7 @@ void addTotals(ReportTarget &target, const CannedReport &report, const RunningSu
 
 void makeReport(const CannedReport &report, SharedState &shared, ReportPreview &preview)
 {
-    const auto kind = Kind(shared.OutputTarget);
+    const Kind kind = shared.OutputTarget;
     const bool text = kind == Kind::TextFile;
     const auto target =
         ReportTarget::choose(kind, shared, preview, text ? report.textFile : report.htmlFile,

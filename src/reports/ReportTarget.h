@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/MenuChoices.h"
 #include "runtime/NumberedError.h"
 #include <QString>
 #include <QStringList>
@@ -53,8 +54,7 @@ using ReportRow = std::vector<ReportValue>;
 class ReportTarget
 {
 public:
-    /// The values of SharedState::OutputTarget.
-    enum class Kind { Preview = 1, TextFile = 2, HtmlFile = 3 };
+    using Kind = ReportKind;
 
     /// Makes the target. For files the user chooses one, with \a defaultName and \a filter as in
     /// Desktop::askSaveFile(); nullptr when that was cancelled or an existing file is to be kept.

@@ -22,10 +22,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QStringList &requiredTables()
+QStringList requiredTables()
 {
-    static const QStringList tables{u"Coin"_s,   u"category"_s, u"condition"_s, u"country"_s,
-                                    u"format"_s, u"mint"_s,     u"type"_s,      u"boughtfrom"_s};
+    QStringList tables{u"Coin"_s};
+    for (const LookupTable &table : lookupTables())
+        tables << QString::fromUtf16(table.name);
     return tables;
 }
 
@@ -110,14 +111,14 @@ RepairReport repairCoinFile(const QString &path, const FileProgress &progress)
         progress);
 }
 
-std::unique_ptr<Dynaset> openCoins(Database &database, int sortOrder)
+std::unique_ptr<Dynaset> openCoins(Database &database, CoinOrder order)
 {
     static constexpr std::array orders{
         u"Select * from Coin order by descr",
         u"Select * from Coin order by catsort, catnum",
         u"Select * from Coin order by Year",
     };
-    return database.openDynaset(QString::fromUtf16(orders.at(sortOrder - 1)));
+    return database.openDynaset(QString::fromUtf16(orders.at(size_t(order) - 1)));
 }
 
 void reopenCoinDatabase(SharedState &shared, bool withRecordset)

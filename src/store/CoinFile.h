@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/MenuChoices.h"
 #include "engine/care/Repair.h"
 #include "engine/rows/Database.h"
 #include "engine/rows/Dynaset.h"
@@ -18,8 +19,8 @@ std::unique_ptr<Database> openCoinDatabase(const QString &path, const FileProgre
 /// Repairs the closed coin database, whose tables and columns are known. \throws what repairDatabase() throws
 RepairReport repairCoinFile(const QString &path, const FileProgress &progress = {});
 
-/// All coins in one of the three sort orders: 1 description, 2 catalogue number, 3 year.
-std::unique_ptr<Dynaset> openCoins(Database &database, int sortOrder);
+/// All coins in one of the three sort orders.
+std::unique_ptr<Dynaset> openCoins(Database &database, CoinOrder order = CoinOrder::Description);
 
 /// Opens the coin database at DatabasePath again after it has been closed in the middle of the work.
 void reopenCoinDatabase(SharedState &shared, bool withRecordset);

@@ -110,8 +110,8 @@ private slots:
         QVERIFY(p.main().isVisible());
         QCOMPARE(p.shown(u"txtDescr"_s), u"Alpha"_s);
         QCOMPARE(p.shown(u"txtPricePaid"_s), u"$2.50"_s);
-        QVERIFY(p.isChecked(u"mnuSort_1"_s) && p.shared->SortOrder == 1);
-        QVERIFY(p.isChecked(u"mnuRptOut_1"_s) && p.shared->OutputTarget == 1);
+        QVERIFY(p.isChecked(u"mnuSort_1"_s) && p.shared->SortOrder == CoinOrder::Description);
+        QVERIFY(p.isChecked(u"mnuRptOut_1"_s) && p.shared->OutputTarget == ReportKind::Preview);
         QCOMPARE(QFile::exists(u"Coindb.bak"_s), made == "Coindb.bak"_L1);
         QCOMPARE(QFile::exists(u"drive/coin.mdb"_s), made == "drive/coin.mdb"_L1);
         QVERIFY(made.isEmpty() || QFile::exists(made));
@@ -209,7 +209,7 @@ private slots:
     void windowLeftOpen()
     {
         RunningProgram p;
-        p.shared->CodesMode = 3;
+        p.shared->CodesMode = Lookup::Countries;
         frmCodesMaint countries(*p.shared);
         countries.setAttribute(Qt::WA_DeleteOnClose, false);
         QVERIFY(gui::activate(countries) && gui::activate(p.main()));

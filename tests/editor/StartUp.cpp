@@ -27,11 +27,11 @@ private slots:
         QVERIFY(QDir(u"images"_s).exists());
         QCOMPARE(e.window->windowTitle(), u"Obelmark"_s);
         QCOMPARE(e.shared->AppFolder, QDir::currentPath() + u'/');
-        QCOMPARE(e.shared->OutputTarget, 1);
+        QCOMPARE(e.shared->OutputTarget, ReportKind::Preview);
         QVERIFY(e.list(u"cmbCou").count() > 100);
         QCOMPARE(e.list(u"cmbCou").currentIndex(), -1);
         QVERIFY(gui::trigger(*e.window, u"mnuRptOut_3"_s));
-        QCOMPARE(e.shared->OutputTarget, 3);
+        QCOMPARE(e.shared->OutputTarget, ReportKind::HtmlFile);
         QVERIFY(e.the<QAction>(u"mnuRptOut_3").isChecked());
         QVERIFY(!e.the<QAction>(u"mnuRptOut_1").isChecked());
         QVERIFY_THROWS_EXCEPTION(ProgramEnded, e.the<QAction>(u"mnuExit").trigger());

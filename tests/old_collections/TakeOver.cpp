@@ -92,7 +92,7 @@ void TakeOver::wholeCollection()
 
     {
         const auto database = openCoinDatabase(f.path(u"coin.mdb"_s));
-        const auto coins = openCoins(*database, 1);
+        const auto coins = openCoins(*database);
         coins->addNew();
         QCOMPARE(coins->value(u"coinid"), Value(421)); // eleven were deleted behind the last
     }

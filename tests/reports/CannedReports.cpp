@@ -42,7 +42,7 @@ QByteArray crLf(QByteArray lines)
 Report coinsBy(qint16 mode, std::optional<qint32> selected)
 {
     return [=](SharedState &shared, ReportPreview &preview) {
-        shared.ReportGroupMode = mode;
+        shared.ReportGroupMode = Lookup(mode);
         RptCoinsBy(shared, preview, [&] {
             shared.FindCancelled = !selected;
             shared.SelectedGroupID = selected.value_or(0);
@@ -172,7 +172,7 @@ second; last</td></tr>
         QFETCH(QString, filter);
         QFETCH(QByteArray, lines);
         ReportFixture f(QString::fromUtf16(coins));
-        f.shared.OutputTarget = qint16(target);
+        f.shared.OutputTarget = ReportKind(target);
         f.desktop.answerSaveFile(proposedName, filter, f.file());
         report(f.shared, f.preview);
         QCOMPARE(f.desktop.problems(), QStringList());
@@ -213,7 +213,7 @@ second; last</td></tr>
                         "insert into Coin (descr, catnum, face, Year, quantity, %2) values"
                         " ('one', 'c', 10000, 1900, 4, 7), ('other', 'd', null, null, 9, 8),"
                         " ('Five', null, null, 2001, 6, 7)"_s.arg(table, key, description));
-        f.shared.OutputTarget = 3;
+        f.shared.OutputTarget = ReportKind::HtmlFile;
         f.desktop.answerSaveFile(u"coin.htm"_s, u"Html Files (*.htm)|*.htm|All Files (*.*)|*.*"_s, f.file());
         coinsBy(qint16(mode), 7)(f.shared, f.preview);
         QCOMPARE(f.desktop.problems(), QStringList());
@@ -227,18 +227,19 @@ second; last</td></tr>
                          "<tr><td>Beta</td><td>one</td><td>c</td><td align=right>$1.00</td><td>1900</td>"
                          "<td align=right>4</td></tr>\r\n"
                          "<tr><td>Total Coins</td><td align=right colspan=5>10</td></tr>\r\n"_s));
-        f.shared.OutputTarget = 1;
+        f.shared.OutputTarget = ReportKind::Preview;
         coinsBy(qint16(mode), {})(f.shared, f.preview);
         QCOMPARE(f.preview.shows, 0);
         coinsBy(qint16(mode), -1)(f.shared, f.preview);
         QCOMPARE(f.preview.shows, 1);
-        QCOMPARE(f.shared.TableHeading, heading + u"|Description|Cat #|Face Value|Year|Quantity;"_s);
+        QCOMPARE(f.preview.document().pageText(0).section(u'\n', 1, 1),
+                 heading + u"\tDescription\tCat #\tFace Value\tYear\tQuantity"_s);
     }
 
     void otherRegion()
     {
         ReportFixture f(QString::fromUtf16(coins), QLocale(u"de_DE"_s));
-        f.shared.OutputTarget = 2;
+        f.shared.OutputTarget = ReportKind::TextFile;
         f.answerTextFile(u"Sales.txt"_s, f.file());
         RptSales(f.shared, f.preview);
         const QString lines = QString::fromUtf8(f.content());
@@ -270,14 +271,14 @@ second; last</td></tr>
         QFETCH(QString, textName);
         QFETCH(QString, message);
         ReportFixture f;
-        f.shared.OutputTarget = 2;
+        f.shared.OutputTarget = ReportKind::TextFile;
         f.writeFile("old");
         f.answerTextFile(textName, f.file());
         f.answerReplace(Answer::Yes);
         f.desktop.expectMessage(message);
         report(f.shared, f.preview);
         QCOMPARE(f.content(), QByteArray());
-        f.shared.OutputTarget = 1;
+        f.shared.OutputTarget = ReportKind::Preview;
         f.desktop.expectMessage(message);
         report(f.shared, f.preview);
         QCOMPARE(f.desktop.problems(), QStringList());
@@ -288,7 +289,7 @@ second; last</td></tr>
     void webTableWithoutRows()
     {
         ReportFixture f;
-        f.shared.OutputTarget = 3;
+        f.shared.OutputTarget = ReportKind::HtmlFile;
         f.desktop.answerSaveFile(u"sellers.htm"_s, u"html Files (*.htm)|*.htm|All Files (*.*)|*.*"_s,
                                  f.file());
         f.desktop.expectMessage(u"You have not entered any Coin Sellers!"_s);
@@ -314,9 +315,8 @@ second; last</td></tr>
         QCOMPARE(placeOf(u"$246,915.59"_s), u"row 5, cell 1"_s);
         QVERIFY(f.preview.hourglassSeen);
         QVERIFY(!f.desktop.hourglass());
-        QCOMPARE(f.shared.TableFormat, u"2160|1400|>1400|>1440|>1400|>1400|>1400;"_s);
-        QCOMPARE(f.shared.TableHeading,
-                 u"Description|Cat #|Quantity|Paid Each|Total Paid|Value Each|Total Value;"_s);
+        QCOMPARE(document.pageText(0).section(u'\n', 1, 1),
+                 u"Description\tCat #\tQuantity\tPaid Each\tTotal Paid\tValue Each\tTotal Value"_s);
     }
 
     // Whatever comes between the question for the file and the last row, a file that stood there stays.
@@ -345,7 +345,7 @@ second; last</td></tr>
         QVERIFY(QDir().mkdir(u"images"_s));
         f.writeFile("old");
         const QString file = f.collection.folder() + path;
-        f.shared.OutputTarget = 2;
+        f.shared.OutputTarget = ReportKind::TextFile;
         f.answerTextFile(u"CoinDesc.txt"_s, file);
         if (QFile::exists(file) && !message.contains(u"belongs"_s))
             f.answerReplace(replace ? Answer::Yes : Answer::No, file);
@@ -374,7 +374,7 @@ second; last</td></tr>
         QCOMPARE(f.preview.document().title(), shown);
         QCOMPARE(f.preview.document().rowCount(), 1000);
         QVERIFY(!f.desktop.hourglass());
-        f.shared.OutputTarget = 2;
+        f.shared.OutputTarget = ReportKind::TextFile;
         f.answerTextFile(u"CoinDesc.txt"_s, {});
         RptCoinList(f.shared, f.preview);
         QVERIFY(f.shared.FindCancelled);
@@ -393,7 +393,7 @@ second; last</td></tr>
     {
         QFETCH(QString, values);
         ReportFixture f(u"insert into Coin (quantity, pricepaid, catvalue) values "_s + values);
-        f.shared.OutputTarget = 2;
+        f.shared.OutputTarget = ReportKind::TextFile;
         f.answerTextFile(u"Value.txt"_s, f.file());
         try {
             RptValue(f.shared, f.preview);

@@ -20,7 +20,7 @@ public:
     Selection()
         : f(u"delete from country; insert into country (couid, coudesc) values (7, 'zinc'), (8, 'Álpha'), (9, null)"_s)
     {
-        f.shared.ReportGroupMode = 3;
+        f.shared.ReportGroupMode = Lookup::Countries;
         f.shared.SelectedGroupID = 4;
         f.shared.FindCancelled = false;
         dialog = std::make_unique<frmRptSel>(f.shared, nullptr);

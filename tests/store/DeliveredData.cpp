@@ -40,7 +40,7 @@ void DeliveredData::emptyCollection()
 {
     const auto database = openCoinDatabase(m_empty);
     QVERIFY_THROWS_EXCEPTION(EngineError, openCoinDatabase(m_empty)); // in use
-    QVERIFY(openCoins(*database, 1)->isEmpty());
+    QVERIFY(openCoins(*database)->isEmpty());
     for (const QString &lookup : lookups) {
         const QString table = lookup.section(u' ', 0, 0);
         const auto rows = database->openSnapshot(u"select * from "_s + table);
@@ -96,7 +96,7 @@ void DeliveredData::sampleOrders()
 {
     QFETCH(const int, order);
     const auto database = openCoinDatabase(m_sample);
-    const auto coins = openCoins(*database, order);
+    const auto coins = openCoins(*database, CoinOrder(order));
     const auto key = [&]() -> std::pair<qint64, QByteArray> {
         if (order == 3) // a coin without a year stands before those of antiquity
             return {coins->value(u"Year").isNull() ? -40000 : coins->value(u"Year").toInt(), {}};

@@ -26,7 +26,7 @@ struct Program
     {
         shared.DatabasePath = collection.databasePath();
         shared.CoinDatabase = openCoinDatabase(shared.DatabasePath);
-        shared.CoinRecordset = openCoins(*shared.CoinDatabase, 1);
+        shared.CoinRecordset = openCoins(*shared.CoinDatabase);
     }
 };
 
@@ -179,7 +179,7 @@ private slots:
             return texts;
         };
         QCOMPARE(walk(*program.shared.CoinRecordset), QStringList({u"Ä"_s, u"b"_s, u"Zz"_s}));
-        QCOMPARE(walk(*openCoins(*program.shared.CoinDatabase, 2)), QStringList({u"Zz"_s, u"b"_s, u"Ä"_s}));
+        QCOMPARE(walk(*openCoins(*program.shared.CoinDatabase, CoinOrder::CatalogueNumber)), QStringList({u"Zz"_s, u"b"_s, u"Ä"_s}));
     }
 };
 

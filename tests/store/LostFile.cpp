@@ -36,7 +36,7 @@ const QString followed =
 QString coinsIn(const QString &path)
 {
     const auto database = openCoinDatabase(path);
-    const auto coins = openCoins(*database, 1);
+    const auto coins = openCoins(*database);
     QStringList names;
     for (; !coins->eof(); coins->moveNext())
         names << coins->value(u"descr").toText();
@@ -100,7 +100,7 @@ private slots:
         shared.AppFolder = folder + u'/';
         shared.DatabasePath = path;
         shared.CoinDatabase = openCoinDatabase(path);
-        shared.CoinRecordset = openCoins(*shared.CoinDatabase, 1);
+        shared.CoinRecordset = openCoins(*shared.CoinDatabase);
         const auto add = [&](const QString &name) {
             auto &coins = coinRecordset(shared);
             coins.addNew();

@@ -31,17 +31,18 @@ frmRptSel::~frmRptSel() = default;
 void frmRptSel::Form_Load()
 {
     m_shared.FindCancelled = true;
-    setWindowTitle(QString::fromUtf16(m_group.caption));
-    m_ui->optAll->setText(QString::fromUtf16(m_group.optAll));
+    const LookupTable &table = lookupTable(m_group.table);
+    setWindowTitle(QString::fromUtf16(table.caption) + u" Report"_s);
+    m_ui->optAll->setText(u"All "_s + QString::fromUtf16(table.plural));
     m_ui->optSelected->setText(QString::fromUtf16(m_group.optSelected));
     setHelpTopic(*this, m_group.helpTopic);
     setFirstSize(*this);
     if (!m_shared.CoinDatabase)
         throw runtimeError(ObjectNotSet);
-    const auto entries = m_shared.CoinDatabase->openForwardOnly(QString::fromUtf16(m_group.listQuery));
+    const auto entries = m_shared.CoinDatabase->openForwardOnly(table.entriesQuery());
     for (; !entries->eof(); entries->moveNext()) {
-        auto *entry = new QListWidgetItem(entries->value(m_group.DescField).toText(), m_ui->List1);
-        entry->setData(Qt::UserRole, qint32(entries->value(m_group.KeyField).toInt()));
+        auto *entry = new QListWidgetItem(entries->value(table.DescField).toText(), m_ui->List1);
+        entry->setData(Qt::UserRole, qint32(entries->value(table.KeyField).toInt()));
     }
 }
 
