@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/CollectionChanges.h"
 #include "common/LookupTables.h"
 #include "common/MenuChoices.h"
 #include "engine/rows/Database.h"
@@ -32,6 +33,8 @@ struct SharedState
     std::unique_ptr<Database> CoinDatabase; ///< open exclusively from the main window's load to its unload
     std::unique_ptr<Dynaset> CoinRecordset; ///< all coins in SortOrder; its current row is the coin on screen
 
+    /// Tells every window of the coins and entries that have been written.
+    CollectionSignal changes;
     /// How often the database in use has been repaired or opened anew: recordsets of before are gone.
     int DatabaseRepairs = 0;
     /// How often another program had changed its contents: a key may be that of another row now.

@@ -1,14 +1,11 @@
 #include "editor/CoinFields.h"
 
-#include "common/CatalogueSort.h"
+#include "coins/CoinRules.h"
 #include "common/SharedState.h"
-#include "dates/DateField.h"
+#include "dates/windows/DateField.h"
 #include "editor/LookupList.h"
-#include "store/CoinFile.h"
-#include "store/ErrorHandling.h"
-#include <QCheckBox>
-#include <QLineEdit>
-#include <QPlainTextEdit>
+#include "runtime/NumberedError.h"
+#include "ui_frmMain.h"
 #include <algorithm>
 
 namespace obelmark {
@@ -17,107 +14,123 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum class Kind { Text, Notes, Money, Total, Year, Quantity, Date, IssueDate, YesNo, Lookup };
+using Window = Ui::frmMain;
+using Control = std::unique_ptr<FieldControl>;
+using Size = NumberControl::Size;
+
+template<auto widget>
+Control text(const Window &window, const SharedState &, const CoinColumn &column)
+{
+    (window.*widget)->setMaxLength(column.mostLetters);
+    return std::make_unique<TextControl>(window.*widget);
+}
+
+template<auto widget>
+Control money(const Window &window, const SharedState &shared, const CoinColumn &)
+{
+    return std::make_unique<MoneyControl>(window.*widget, shared);
+}
+
+template<auto widget>
+Control date(const Window &window, const SharedState &shared, const CoinColumn &)
+{
+    return std::make_unique<DateControl>(window.*widget, shared);
+}
+
+template<auto widget>
+Control yesNo(const Window &window, const SharedState &, const CoinColumn &)
+{
+    return std::make_unique<YesNoControl>(window.*widget);
+}
+
+template<auto widget>
+Control entry(const Window &window, const SharedState &, const CoinColumn &)
+{
+    return std::make_unique<LookupControl>(window.*widget);
+}
+
+Control notes(const Window &window, const SharedState &, const CoinColumn &)
+{
+    return std::make_unique<NotesControl>(window.txtNotes);
+}
+
+Control year(const Window &window, const SharedState &shared, const CoinColumn &)
+{
+    return std::make_unique<NumberControl>(window.txtYear, Size::Bits16, QString(), shared);
+}
+
+Control quantity(const Window &window, const SharedState &shared, const CoinColumn &)
+{
+    return std::make_unique<NumberControl>(window.txtQuantity, Size::Bits32, u"1"_s, shared);
+}
+
+Control issueDate(const Window &window, const SharedState &shared, const CoinColumn &)
+{
+    return std::make_unique<IssueDateControl>(window.dcIssueDate, window.txtYear, shared);
+}
 
 struct FieldRow
 {
     const char16_t *column;
-    const char16_t *control;
-    Kind kind;
+    Control (*make)(const Window &window, const SharedState &shared, const CoinColumn &);
+    bool isTotal = false;
 };
 
 constexpr FieldRow fieldTable[] = {
-    {u"descr", u"txtDescr", Kind::Text},
-    {u"catnum", u"txtCatNum", Kind::Text},
-    {u"face", u"txtFace", Kind::Money},
-    {u"Year", u"txtYear", Kind::Year},
-    {u"wantlist", u"chkWantList", Kind::YesNo},
-    {u"quantity", u"txtQuantity", Kind::Quantity},
-    {u"conid", u"cmbCon", Kind::Lookup},
-    {u"couid", u"cmbCou", Kind::Lookup},
-    {u"minid", u"cmbMin", Kind::Lookup},
-    {u"catid", u"cmbCat", Kind::Lookup},
-    {u"typid", u"cmbTyp", Kind::Lookup},
-    {u"forid", u"cmbFor", Kind::Lookup},
-    {u"SerNum", u"txtSerNum", Kind::Text},
-    {u"Metal", u"txtMetal", Kind::Text},
-    {u"Errors", u"txtErrors", Kind::Text},
-    {u"issuedate", u"dcIssueDate", Kind::IssueDate},
-    {u"bouid", u"cmbBou", Kind::Lookup},
-    {u"pricepaid", u"txtPricePaid", Kind::Money},
-    {u"totalpaid", u"txtTotalPaid", Kind::Total},
-    {u"PurchaseDate", u"dcPurchaseDate", Kind::Date},
-    {u"catvalue", u"txtCatValue", Kind::Money},
-    {u"totalval", u"txtTotalVal", Kind::Total},
-    {u"SoldDate", u"dcSoldDate", Kind::Date},
-    {u"forsale", u"chkForSale", Kind::YesNo},
-    {u"sold", u"chkSold", Kind::YesNo},
-    {u"priceask", u"txtPriceAsk", Kind::Money},
-    {u"totalsales", u"txtTotalSales", Kind::Total},
-    {u"notes", u"txtNotes", Kind::Notes},
-    {u"misc1", u"txtMisc1", Kind::Text},
-    {u"misc2", u"txtMisc2", Kind::Text},
+    {u"descr", text<&Window::txtDescr>},
+    {u"catnum", text<&Window::txtCatNum>},
+    {u"face", money<&Window::txtFace>},
+    {u"Year", year},
+    {u"wantlist", yesNo<&Window::chkWantList>},
+    {u"quantity", quantity},
+    {u"conid", entry<&Window::cmbCon>},
+    {u"couid", entry<&Window::cmbCou>},
+    {u"minid", entry<&Window::cmbMin>},
+    {u"catid", entry<&Window::cmbCat>},
+    {u"typid", entry<&Window::cmbTyp>},
+    {u"forid", entry<&Window::cmbFor>},
+    {u"SerNum", text<&Window::txtSerNum>},
+    {u"Metal", text<&Window::txtMetal>},
+    {u"Errors", text<&Window::txtErrors>},
+    {u"issuedate", issueDate},
+    {u"bouid", entry<&Window::cmbBou>},
+    {u"pricepaid", money<&Window::txtPricePaid>},
+    {u"totalpaid", money<&Window::txtTotalPaid>, true},
+    {u"PurchaseDate", date<&Window::dcPurchaseDate>},
+    {u"catvalue", money<&Window::txtCatValue>},
+    {u"totalval", money<&Window::txtTotalVal>, true},
+    {u"SoldDate", date<&Window::dcSoldDate>},
+    {u"forsale", yesNo<&Window::chkForSale>},
+    {u"sold", yesNo<&Window::chkSold>},
+    {u"priceask", money<&Window::txtPriceAsk>},
+    {u"totalsales", money<&Window::txtTotalSales>, true},
+    {u"notes", notes},
+    {u"misc1", text<&Window::txtMisc1>},
+    {u"misc2", text<&Window::txtMisc2>},
 };
-
-template<class Widget>
-Widget *control(QWidget &window, const QString &name)
-{
-    auto *widget = window.findChild<Widget *>(name);
-    Q_ASSERT(widget);
-    return widget;
-}
-
-std::unique_ptr<FieldControl> makeControl(Kind kind, QWidget &window, const QString &name,
-                                          const SharedState &shared)
-{
-    using Size = NumberControl::Size;
-    switch (kind) {
-    case Kind::Text:
-        return std::make_unique<TextControl>(control<QLineEdit>(window, name));
-    case Kind::Notes:
-        return std::make_unique<NotesControl>(control<QPlainTextEdit>(window, name));
-    case Kind::Money:
-    case Kind::Total:
-        return std::make_unique<MoneyControl>(control<QLineEdit>(window, name), shared);
-    case Kind::Year:
-        return std::make_unique<NumberControl>(control<QLineEdit>(window, name), Size::Bits16, QString(),
-                                               shared);
-    case Kind::Quantity:
-        return std::make_unique<NumberControl>(control<QLineEdit>(window, name), Size::Bits32, u"1"_s,
-                                               shared);
-    case Kind::Date:
-        return std::make_unique<DateControl>(control<DateField>(window, name), shared);
-    case Kind::IssueDate:
-        return std::make_unique<IssueDateControl>(control<DateField>(window, name),
-                                                  control<QLineEdit>(window, u"txtYear"_s), shared);
-    case Kind::YesNo:
-        return std::make_unique<YesNoControl>(control<QCheckBox>(window, name));
-    case Kind::Lookup:
-        return std::make_unique<LookupControl>(control<LookupList>(window, name));
-    }
-    Q_UNREACHABLE();
-}
 
 } // namespace
 
-CoinFields::CoinFields(QWidget &window, SharedState &shared) : m_shared(shared)
+CoinFields::CoinFields(const Ui::frmMain &window, const SharedState &shared)
 {
     for (const FieldRow &row : fieldTable) {
-        m_fields.push_back({QString::fromUtf16(row.column), row.kind != Kind::Total,
-                            makeControl(row.kind, window, QString::fromUtf16(row.control), shared)});
+        const CoinColumn *column = findCoinColumn(row.column);
+        m_fields.push_back({column, !row.isTotal, row.make(window, shared, *column)});
     }
 }
 
 CoinFields::~CoinFields() = default;
 
-void CoinFields::showRow()
+void CoinFields::show(const Coin &coin)
 {
+    m_shown = coin;
     for (const Field &field : m_fields)
-        field.control->show(coinRecordset(m_shared).value(field.column));
+        field.control->show(field.column->in(coin));
 }
 
 void CoinFields::clear()
 {
+    m_shown = {};
     for (const Field &field : m_fields)
         field.control->clear();
 }
@@ -144,25 +157,41 @@ void CoinFields::forEach(const std::function<void(const FieldControl &)> &act) c
         act(*field.control);
 }
 
-void CoinFields::writeRow()
+Coin CoinFields::coin() const
 {
-    for (const Field &field : m_fields) {
-        attempt(m_shared, [&] { coinRecordset(m_shared).setValue(field.column, field.control->value()); });
-        if (field.column == u"catnum") {
-            attempt(m_shared, [&] {
-                coinRecordset(m_shared).setValue(u"catsort", MakeCatSort(field.control->value().toText()));
-            });
-        }
-    }
+    Coin coin = m_shown;
+    for (const Field &field : m_fields)
+        field.column->put(coin, field.control->value());
+    coin.catsort = catSortOf(coin);
+    return coin;
 }
 
-MoneyControl &CoinFields::money(const QString &controlName)
+Coin CoinFields::coinToCheck() const
 {
-    const auto field = std::find_if(m_fields.begin(), m_fields.end(), [&](const Field &candidate) {
-        return candidate.control->widget()->objectName() == controlName;
-    });
-    Q_ASSERT(field != m_fields.end());
-    return dynamic_cast<MoneyControl &>(*field->control);
+    Coin coin = m_shown;
+    for (const Field &field : m_fields) {
+        try {
+            field.column->put(coin, field.control->value());
+        } catch (const NumberedError &) {
+            field.column->putAnything(coin); // it is refused when it is saved
+        }
+    }
+    return coin;
+}
+
+MoneyControl &CoinFields::money(Coin::Maybe<Money> Coin::*field)
+{
+    const auto found = std::ranges::find(m_fields, CoinColumn::Member(field),
+                                         [](const Field &each) { return each.column->field; });
+    Q_ASSERT(found != m_fields.end());
+    return dynamic_cast<MoneyControl &>(*found->control);
+}
+
+QWidget *CoinFields::widget(QStringView column) const
+{
+    const auto found = std::ranges::find(m_fields, findCoinColumn(column), &Field::column);
+    Q_ASSERT(found != m_fields.end());
+    return found->control->widget();
 }
 
 } // namespace obelmark

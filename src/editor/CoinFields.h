@@ -1,5 +1,6 @@
 #pragma once
 
+#include "coins/Coin.h"
 #include "editor/FieldControls.h"
 #include <memory>
 #include <vector>
@@ -7,26 +8,31 @@
 namespace obelmark {
 
 struct SharedState;
+namespace Ui {
+class frmMain;
+}
 
-/// The entry fields of the main window and the columns of Coin that they hold: one table that showing,
-/// clearing, enabling and writing walk in the same order.
+/// The entry fields of the main window as a coin: one table joins its columns with the controls, and showing,
+/// clearing, enabling and reading walk it in the same order.
 class CoinFields
 {
 public:
-    /// The controls are found in \a window by their names.
-    CoinFields(QWidget &window, SharedState &shared);
+    CoinFields(const Ui::frmMain &window, const SharedState &shared);
     ~CoinFields();
 
-    /// Shows the current row of CoinRecordset.
-    void showRow();
+    void show(const Coin &coin);
     void clear();
     /// The three totals stay as they are: they never take input.
     void setEnabled(bool enabled);
-    /// Writes every field, and the catalogue sort key, into the row begun on CoinRecordset. Errors go to the
-    /// shared error handler, the next field follows.
-    void writeRow();
 
-    MoneyControl &money(const QString &control);
+    /// The coin as it would be saved now. \throws Overflow when what stands in a field cannot be stored
+    Coin coin() const;
+    /// The same for the record rules, before which nothing is refused: what cannot be stored is there, but
+    /// not what it is.
+    Coin coinToCheck() const;
+
+    MoneyControl &money(Coin::Maybe<Money> Coin::*field);
+    QWidget *widget(QStringView column) const;
     void forEach(const std::function<void(const FieldControl &field)> &act) const;
     /// Calls \a changed at every change of a field, but not of the totals, as long as \a context lives.
     void onChange(QObject *context, const std::function<void()> &changed) const;
@@ -34,13 +40,13 @@ public:
 private:
     struct Field
     {
-        QString column;
+        const CoinColumn *column;
         bool isEntry;
         std::unique_ptr<FieldControl> control;
     };
 
-    SharedState &m_shared;
     std::vector<Field> m_fields;
+    Coin m_shown;
 };
 
 } // namespace obelmark

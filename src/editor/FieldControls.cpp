@@ -1,8 +1,8 @@
 #include "editor/FieldControls.h"
 
+#include "coins/IssueDate.h"
 #include "common/SharedState.h"
-#include "dates/DateField.h"
-#include "dates/IssueDate.h"
+#include "dates/windows/DateField.h"
 #include "editor/LookupList.h"
 #include "runtime/Formats.h"
 #include "runtime/NumberedError.h"
@@ -86,23 +86,6 @@ QString numberRemark(const QString &typed, const QString &saved)
 
 } // namespace
 
-QString moneyText(const QString &number, const RegionalSettings &regional)
-{
-    try {
-        return formatCurrency(Money::fromText(number, regional), regional);
-    } catch (const NumberedError &) {
-        return formatCurrency(toDouble(number, regional), regional);
-    }
-}
-
-void MoneyControl::show(const Value &stored)
-{
-    if (const Money *amount = stored.as<Money>())
-        showExactly(*amount);
-    else
-        showText(QString());
-}
-
 QString beyondMoney(bool isNegative, const RegionalSettings &regional)
 {
     using Limits = std::numeric_limits<qint64>;
@@ -111,13 +94,37 @@ QString beyondMoney(bool isNegative, const RegionalSettings &regional)
         .arg(formatCurrency(Money::fromTenThousandths(limit), regional));
 }
 
+void MoneyControl::show(const Value &stored)
+{
+    if (const Money *amount = stored.as<Money>())
+        showExactly(*amount);
+    else
+        showReading({});
+}
+
+const MoneyControl::Reading &MoneyControl::reading() const
+{
+    if (m_reading.text == text())
+        return m_reading;
+    m_reading = {text(), isNumeric(text(), m_shared.regional), {}};
+    try {
+        if (m_reading.isNumber)
+            m_reading.amount = Money::fromText(text(), m_shared.regional);
+    } catch (const NumberedError &) {
+        // beyond the range
+    }
+    return m_reading;
+}
+
 Value MoneyControl::value() const
 {
     if (isUntouched())
         return m_shownAmount ? Value(*m_shownAmount) : Value();
-    if (!isNumeric(text(), m_shared.regional))
+    if (!isNumber())
         return {};
-    return Money::fromText(text(), m_shared.regional);
+    if (!reading().amount)
+        throw runtimeError(Overflow);
+    return *reading().amount;
 }
 
 QString MoneyControl::remark(bool isChecked) const
@@ -127,15 +134,11 @@ QString MoneyControl::remark(bool isChecked) const
         return m_foresight();
     if (text().isEmpty() || isUntouched())
         return {};
-    if (!isNumeric(text(), regional))
+    if (!isNumber())
         return noValue(text(), u"number"_s, isChecked);
-    const QString left = moneyText(text(), regional);
-    try {
-        Money::fromText(left, regional);
-    } catch (const NumberedError &) {
-        return beyondMoney(toDouble(left, regional) < 0, regional);
-    }
-    return numberRemark(text(), left);
+    if (const auto &amount = reading().amount)
+        return numberRemark(text(), formatCurrency(*amount, regional));
+    return beyondMoney(toDouble(text(), regional) < 0, regional);
 }
 
 QString MoneyControl::text() const
@@ -143,23 +146,46 @@ QString MoneyControl::text() const
     return edit()->text();
 }
 
+bool MoneyControl::isNumber() const
+{
+    return reading().isNumber;
+}
+
 bool MoneyControl::isUntouched() const
 {
-    return edit()->text() == m_shownText && (m_shownAmount || m_shownText.isEmpty());
+    return text() == m_shownText && (m_shownAmount || m_shownText.isEmpty());
+}
+
+void MoneyControl::showReading(const Reading &shown)
+{
+    m_shownAmount.reset();
+    m_reading = shown;
+    m_shownText = shown.text;
+    edit()->setText(shown.text);
 }
 
 void MoneyControl::showExactly(Money amount)
 {
+    showRounded(amount);
     m_shownAmount = amount;
-    m_shownText = formatCurrency(amount, m_shared.regional);
-    edit()->setText(m_shownText);
 }
 
-void MoneyControl::showText(const QString &text)
+void MoneyControl::showRounded(Money amount)
 {
-    m_shownAmount.reset();
-    m_shownText = text;
-    edit()->setText(text);
+    showReading({formatCurrency(amount, m_shared.regional), true, asShown(amount)});
+}
+
+void MoneyControl::showBeyond(double amount)
+{
+    showReading({formatCurrency(amount, m_shared.regional), true, {}});
+}
+
+void MoneyControl::showAsMoney()
+{
+    if (const auto amount = reading().amount)
+        showRounded(*amount);
+    else
+        showBeyond(toDouble(text(), m_shared.regional));
 }
 
 void NumberControl::show(const Value &stored)
@@ -176,9 +202,10 @@ void NumberControl::clear()
 Value NumberControl::value() const
 {
     const QString text = edit()->text();
-    if (m_size == Size::Bits32)
-        return toInt32(text, m_shared.regional);
-    return isNumeric(text, m_shared.regional) ? Value(toInt16(text, m_shared.regional)) : Value();
+    if (!isNumeric(text, m_shared.regional))
+        return {};
+    return m_size == Size::Bits32 ? Value(toInt32(text, m_shared.regional))
+                                  : Value(toInt16(text, m_shared.regional));
 }
 
 QString NumberControl::remark(bool isChecked) const

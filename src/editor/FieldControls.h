@@ -11,10 +11,6 @@ class LookupList;
 class RegionalSettings;
 struct SharedState;
 
-/// A number typed by the user as money, which is what its field shows when it is left. Beyond the range of
-/// Money as far as a floating number goes: it can be shown, and is refused when the coin is saved.
-QString moneyText(const QString &number, const RegionalSettings &regional);
-
 /// Says of an amount that is going to be saved that it is beyond the range of Money.
 QString beyondMoney(bool isNegative, const RegionalSettings &regional);
 
@@ -27,20 +23,37 @@ public:
     QString remark(bool isChecked) const override;
 
     QString text() const;
+    bool isNumber() const;
     /// Whether the text is what was last shown here, so that the exact amount behind it still holds.
     bool isUntouched() const;
     /// Shows an amount and keeps it to the last decimal.
     void showExactly(Money amount);
-    /// Shows a text of the user's as money; from then on the amount is what the text says.
-    void showText(const QString &text);
+    /// Shows an amount; from then on it is what the text says.
+    void showRounded(Money amount);
+    /// The same for one beyond the range of Money, as far as a floating number goes: it can be shown, and is
+    /// refused when the coin is saved.
+    void showBeyond(double amount);
+    /// Shows the number that has been typed as money.
+    void showAsMoney();
     /// What remark() says of a total: it will be another one by the time it is saved.
     void setForesight(std::function<QString()> foresight) { m_foresight = std::move(foresight); }
 
 private:
+    /// A text as it has been read, once.
+    struct Reading
+    {
+        QString text;
+        bool isNumber = false;
+        std::optional<Money> amount; ///< nothing when it is beyond the range
+    };
+    const Reading &reading() const;
+    void showReading(const Reading &shown);
+
     const SharedState &m_shared;
     std::function<QString()> m_foresight;
     QString m_shownText;
     std::optional<Money> m_shownAmount;
+    mutable Reading m_reading;
 };
 
 /// A whole number: the year (16 bits) or the quantity (32 bits), which must not be empty.

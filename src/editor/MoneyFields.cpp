@@ -1,11 +1,11 @@
 #include "editor/MoneyFields.h"
 
+#include "coins/CoinRules.h"
 #include "common/SharedState.h"
 #include "editor/CoinFields.h"
-#include "runtime/Formats.h"
 #include "runtime/NumberedError.h"
 #include "runtime/Numbers.h"
-#include <QLineEdit>
+#include "ui_frmMain.h"
 
 namespace obelmark {
 
@@ -14,34 +14,27 @@ using Refusal = EntryWatch::Refusal;
 
 namespace {
 
-struct UnitRow
-{
-    const char16_t *price;
-    const char16_t *total;
-    const char16_t *afterTotal;
-};
-
-constexpr UnitRow unitTable[] = {
-    {u"txtPricePaid", u"txtTotalPaid", u"dcPurchaseDate"},
-    {u"txtCatValue", u"txtTotalVal", u"dcSoldDate"},
-    {u"txtPriceAsk", u"txtTotalSales", u"dcSoldDate"},
+/// Where the focus goes from each of the totals.
+constexpr DateField *Ui::frmMain::*afterTotals[] = {
+    &Ui::frmMain::dcPurchaseDate,
+    &Ui::frmMain::dcSoldDate,
+    &Ui::frmMain::dcSoldDate,
 };
 
 } // namespace
 
-MoneyFields::MoneyFields(QWidget &window, CoinFields &fields, EntryWatch &watch, SharedState &shared)
-    : QObject(&window), m_shared(shared), m_quantity(window.findChild<QLineEdit *>(u"txtQuantity"_s)),
-      m_face(&fields.money(u"txtFace"_s))
+MoneyFields::MoneyFields(QWidget &parent, const Ui::frmMain &window, CoinFields &fields, EntryWatch &watch,
+                         const SharedState &shared)
+    : QObject(&parent), m_shared(shared), m_quantity(window.txtQuantity), m_face(&fields.money(&Coin::face))
 {
     const auto selectAll = [](QWidget *field) { return [field] { EntryWatch::selectAllLater(field); }; };
-    for (const UnitRow &row : unitTable) {
-        const Unit unit{&fields.money(QString::fromUtf16(row.price)),
-                        &fields.money(QString::fromUtf16(row.total))};
+    for (const PriceAndTotal &row : pricesAndTotals()) {
+        const Unit unit{&fields.money(row.price), &fields.money(row.total)};
+        QWidget *next = window.*afterTotals[m_units.size()];
         m_units.push_back(unit);
         unit.total->setForesight([this, unit] { return foresee(unit); });
         watch.watch(unit.price->widget(),
                     {selectAll(unit.price->widget()), [this, unit] { return leaveUnit(unit); }, {}});
-        auto *next = window.findChild<QWidget *>(QString::fromUtf16(row.afterTotal));
         QWidget *total = unit.total->widget();
         const auto moveOn = [total, next] {
             // Unless the field that was left for this one has been refused and has the focus again.
@@ -65,27 +58,25 @@ MoneyFields::MoneyFields(QWidget &window, CoinFields &fields, EntryWatch &watch,
 
 std::optional<Refusal> MoneyFields::leaveUnit(const Unit &unit)
 {
-    const QString text = unit.price->text();
-    if (!text.isEmpty() && !isNumber(text))
-        return Refusal{u"You must enter a valid number or leave the field blank"_s};
-    if (text.isEmpty()) {
-        unit.total->showText(QString());
-    } else {
-        showTotal(unit);
-        if (!unit.price->isUntouched())
-            unit.price->showText(moneyText(text, m_shared.regional));
+    if (unit.price->text().isEmpty()) {
+        unit.total->clear();
+        return {};
     }
+    if (!unit.price->isNumber())
+        return Refusal{u"You must enter a valid number or leave the field blank"_s};
+    showTotal(unit);
+    if (!unit.price->isUntouched())
+        unit.price->showAsMoney();
     return {};
 }
 
 std::optional<Refusal> MoneyFields::leaveFace()
 {
-    const QString text = m_face->text();
-    if (text.isEmpty() || m_face->isUntouched())
+    if (m_face->text().isEmpty() || m_face->isUntouched())
         return {};
-    if (!isNumber(text))
+    if (!m_face->isNumber())
         return Refusal{u"You must enter a valid number for face value or leave the field blank"_s};
-    m_face->showText(moneyText(text, m_shared.regional));
+    m_face->showAsMoney();
     return {};
 }
 
@@ -114,7 +105,7 @@ void MoneyFields::roundQuantity()
 void MoneyFields::recomputeTotals()
 {
     for (const Unit &unit : m_units) {
-        if (isNumber(unit.price->text()))
+        if (unit.price->isNumber())
             showTotal(unit);
     }
 }
@@ -132,10 +123,9 @@ void MoneyFields::showTotal(const Unit &unit)
         if (unit.price->isUntouched())
             unit.total->showExactly(total);
         else
-            unit.total->showText(formatCurrency(total, regional));
+            unit.total->showRounded(total);
     } catch (const NumberedError &) {
-        unit.total->showText(
-            formatCurrency(toDouble(unit.price->text(), regional) * toDouble(quantity, regional), regional));
+        unit.total->showBeyond(toDouble(unit.price->text(), regional) * toDouble(quantity, regional));
     }
 }
 
@@ -143,7 +133,7 @@ QString MoneyFields::foresee(const Unit &unit) const
 {
     Money price;
     Money quantity;
-    if (!isNumber(unit.price->text()) || !isNumber(m_quantity->text()))
+    if (!unit.price->isNumber() || !isNumber(m_quantity->text()))
         return {};
     try {
         price = *unit.price->value().as<Money>();

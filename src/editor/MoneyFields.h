@@ -11,6 +11,9 @@ namespace obelmark {
 class CoinFields;
 class MoneyControl;
 struct SharedState;
+namespace Ui {
+class frmMain;
+}
 
 /// The money fields, the quantity and the three totals: what the user typed is checked when a field is left,
 /// shown as money, and each total kept at its unit price times the quantity.
@@ -18,7 +21,8 @@ class MoneyFields : public QObject
 {
     Q_OBJECT
 public:
-    MoneyFields(QWidget &window, CoinFields &fields, EntryWatch &watch, SharedState &shared);
+    MoneyFields(QWidget &parent, const Ui::frmMain &window, CoinFields &fields, EntryWatch &watch,
+                const SharedState &shared);
 
     /// Before a coin is saved: makes the quantity the whole number that is stored, and the totals those of
     /// it.
@@ -39,7 +43,7 @@ private:
     QString foresee(const Unit &unit) const;
     bool isNumber(const QString &text) const;
 
-    SharedState &m_shared;
+    const SharedState &m_shared;
     QLineEdit *m_quantity;
     MoneyControl *m_face;
     std::vector<Unit> m_units;

@@ -3,11 +3,12 @@
 namespace obelmark {
 
 class CoinFields;
+class frmMain;
 struct SharedState;
 
 /// Records that some coins of the lot on screen have been sold, as many as the user says: marks the whole lot
 /// sold, or splits off a sold record dated today. Errors go to the shared error handler. Answers whether the
 /// lot on screen is to be shown again.
-bool sellSome(CoinFields &fields, SharedState &shared);
+bool sellSome(const CoinFields &fields, SharedState &shared, const frmMain &window);
 
 } // namespace obelmark

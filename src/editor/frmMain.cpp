@@ -1,14 +1,14 @@
 #include "editor/frmMain.h"
 
 #include "backup/Packing.h"
+#include "coins/IssueDate.h"
 #include "common/SharedState.h"
 #include "common/ShownProgress.h"
 #include "common/TextHelpers.h"
 #include "custom_reports/windows/frmRptSpec.h"
-#include "dates/DateField.h"
 #include "dates/DateFormat.h"
-#include "dates/DatePicker.h"
-#include "dates/IssueDate.h"
+#include "dates/windows/DateField.h"
+#include "dates/windows/DatePicker.h"
 #include "desktop/Desktop.h"
 #include "editor/CoinFields.h"
 #include "editor/EntryHints.h"
@@ -118,10 +118,10 @@ frmMain::frmMain(SharedState &shared, ProgramWindows &windows)
     limitWidths();
     fillStatusBar();
     setFirstSize(*this);
-    m_fields = std::make_unique<CoinFields>(*this, shared);
+    m_fields = std::make_unique<CoinFields>(*m_ui, shared);
     m_buttons = std::make_unique<EditButtons>(*this, QList{m_ui->cmdPicture, m_ui->cmdSoldSome});
     m_watch = new EntryWatch(*this, shared.desktop, [&shared](const auto &rule) { attempt(shared, rule); });
-    m_money = new MoneyFields(*this, *m_fields, *m_watch, shared);
+    m_money = new MoneyFields(*this, *m_ui, *m_fields, *m_watch, shared);
     connectFields();
     const auto *hints = new EntryHints(*this, *m_fields, *m_watch);
     connect(hints, &EntryHints::told, this, [this](const QString &sentence) {
@@ -299,9 +299,8 @@ void frmMain::Form_Load()
             ShowCoinRecord();
         }
     });
-    Editing = false;
+    m_state = EditState::Browsing;
     m_shared.PictureChanged = false;
-    Adding = false;
     ShowCoinBrowseButtons();
     // The first picture of the window is a whole one.
     m_positionTimer.stop();
@@ -313,13 +312,8 @@ void frmMain::Form_Load()
 
 void frmMain::Form_Activate()
 {
-    const bool wasBrowsing = !Editing && !Adding;
-    if (wasBrowsing)
-        Editing = true;
-    const auto restore = qScopeGuard([&] {
-        if (wasBrowsing)
-            Editing = false;
-    });
+    const EditState state = std::exchange(m_state, EditState::Filling);
+    const auto restore = qScopeGuard([&] { m_state = state; });
     reloadStaleLookupLists(*m_ui, m_shared);
 }
 

@@ -16,6 +16,7 @@ class EditButtons;
 class EntryWatch;
 class MoneyFields;
 class StatusText;
+enum class EditState;
 enum class Move;
 class frmAbout;
 struct ProgramWindows;
@@ -27,8 +28,8 @@ class frmMain;
 /// The main window: opens the coin database, carries the menu bar, and is itself the editor of one coin at a
 /// time.
 ///
-/// Three states: browsing (the fields show the current row of CoinRecordset), editing (the user has changed a
-/// field) and adding (the fields are a coin that is not in the database yet).
+/// What its fields are at the moment, EditState tells; the row that they show is the current one of
+/// CoinRecordset.
 class frmMain : public QMainWindow
 {
     Q_OBJECT
@@ -118,7 +119,7 @@ private:
     void run(const std::function<void()> &procedure);
     void resumeAfterRepair();
     Dynaset &coins();
-    /// Fills fields from code with Editing raised, so that their change signals are not taken for the user's.
+    /// Fills fields from code, whose change signals are not to be taken for the user's.
     void fillFields(const std::function<void()> &fill);
 
     SharedState &m_shared;
@@ -136,9 +137,7 @@ private:
     /// The folder of the collection or, while there is one, the hint on what is being typed.
     StatusText *m_note = nullptr;
 
-    bool Editing = false;
-    bool Adding = false;
-    bool m_filling = false;
+    EditState m_state{};
     qint64 m_shownCoinId = 0;
     qint64 m_savedCoinId = 0;   ///< in the file already, though its saving has not come to its end
     bool m_addsAnother = false; ///< the saving began with Add Another

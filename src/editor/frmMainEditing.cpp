@@ -1,6 +1,8 @@
 // The editor's side of the main window: showing, moving, adding, changing and deleting coins.
+#include "coins/CoinRules.h"
+#include "coins/WriteStep.h"
 #include "common/SharedState.h"
-#include "dates/DateField.h"
+#include "dates/windows/DateField.h"
 #include "desktop/Desktop.h"
 #include "editor/CoinFields.h"
 #include "editor/LookupList.h"
@@ -16,7 +18,6 @@
 #include "pictures/NewPictureFile.h"
 #include "pictures/PictureFiles.h"
 #include "pictures/frmImage.h"
-#include "runtime/Numbers.h"
 #include "store/CoinFile.h"
 #include "store/ErrorHandling.h"
 #include "ui_frmMain.h"
@@ -60,13 +61,12 @@ void frmMain::resumeAfterRepair()
     if (isOpenedAnew && saved && !coins().noMatch()) {
         m_shared.PictureChanged = false;
         finishSaving(saved);
-    } else if (Editing && !Adding) {
+    } else if (m_state == EditState::Editing) {
         if (isChanged || coins().noMatch()) {
-            Editing = false;
-            Adding = true;
+            m_state = EditState::Adding;
             ShowCoinEditButtons();
         }
-    } else if (!Adding) {
+    } else if (m_state == EditState::Browsing) {
         if (coins().isEmpty())
             showEmptyTable();
         else
@@ -89,20 +89,17 @@ Dynaset &frmMain::coins()
 
 void frmMain::fillFields(const std::function<void()> &fill)
 {
-    Editing = true;
-    m_filling = true;
-    const auto done = qScopeGuard([&] {
-        Editing = false;
-        m_filling = false;
-    });
+    const bool isAdding = std::exchange(m_state, EditState::Filling) == EditState::Adding;
+    const auto done = qScopeGuard([&] { m_state = isAdding ? EditState::Adding : EditState::Browsing; });
     fill();
 }
 
 void frmMain::ShowCoinRecord()
 {
     fillFields([&] {
-        m_fields->showRow();
-        m_shownCoinId = coins().value(u"coinid").toInt();
+        const Coin coin = readCoin(coins());
+        m_fields->show(coin);
+        m_shownCoinId = coin.coinid;
         m_positionTimer.start(0);
         frmImage *image = m_windows.madeImage();
         if (!image)
@@ -118,7 +115,7 @@ void frmMain::ShowCoinRecord()
 void frmMain::showPosition()
 {
     QString text;
-    if (Adding)
+    if (m_state == EditState::Adding)
         text = u"New coin"_s;
     else if (coins().isEmpty())
         text = u"No coins"_s;
@@ -157,15 +154,15 @@ void frmMain::EnableCoinFields()
 
 void frmMain::MakingChange()
 {
-    if (Editing || Adding)
+    if (m_state != EditState::Browsing)
         return;
-    Editing = true;
+    m_state = EditState::Editing;
     ShowCoinEditButtons();
 }
 
 void frmMain::ShowCoinEditButtons()
 {
-    m_buttons->show(Adding ? EditState::Adding : EditState::Editing);
+    m_buttons->show(m_state);
     for (QAction *item : {m_ui->mnuSort_1, m_ui->mnuSort_2, m_ui->mnuSort_3, m_ui->mnuExit})
         item->setEnabled(false);
 }
@@ -180,8 +177,7 @@ void frmMain::ShowCoinBrowseButtons()
 void frmMain::returnToBrowsing()
 {
     ShowCoinBrowseButtons();
-    Editing = false;
-    Adding = false;
+    m_state = EditState::Browsing;
 }
 
 void frmMain::browseTo(Move direction)
@@ -236,14 +232,14 @@ void frmMain::cmdFind_Click()
 
 void frmMain::cmdAddNew_Click()
 {
-    if (Adding) {
+    if (m_state == EditState::Adding) {
         if (!m_watch->commitEnteredField() || !ValidateCoin())
             return;
         m_addsAnother = true;
         attempt(m_shared, [&] { coins().addNew(); });
         SaveCoinRecord();
     } else {
-        Adding = true;
+        m_state = EditState::Adding;
         if (!coins().isEmpty())
             attempt(m_shared, [&] { coins().moveLast(); });
         else
@@ -266,7 +262,7 @@ void frmMain::cmdUpdate_Click()
         return;
     m_addsAnother = false;
     qint64 key = 1;
-    if (Adding) {
+    if (m_state == EditState::Adding) {
         attempt(m_shared, [&] { coins().addNew(); });
         attempt(m_shared, [&] {
             const Value counter = coins().value(u"coinid");
@@ -319,12 +315,15 @@ void frmMain::cmdDelete_Click()
         return;
     // The picture goes when its coin is surely gone.
     QString picture;
-    attempt(m_shared,
-            [&] { picture = findPictureFile(m_shared.AppFolder, coins().value(u"coinid").toInt()); });
-    writeWithRetry(m_shared, [&] {
-        coins().remove();
-        deletePictureFile(picture);
+    QString name;
+    attempt(m_shared, [&] {
+        const Coin coin = readCoin(coins());
+        name = coinName(coin);
+        picture = findPictureFile(m_shared.AppFolder, coin.coinid);
     });
+    WriteStep step(m_shared, StepKind::Delete, u"Delete '%1'"_s.arg(name), this);
+    if (step.remove(coins()))
+        step.commit([&] { deletePictureFile(picture); });
     attempt(m_shared, [&] {
         if (moveToNeighbour(coins()))
             ShowCoinRecord();
@@ -335,7 +334,7 @@ void frmMain::cmdDelete_Click()
 
 void frmMain::cmdSoldSome_Click()
 {
-    if (sellSome(*m_fields, m_shared))
+    if (sellSome(*m_fields, m_shared, *this))
         ShowCoinRecord();
 }
 
@@ -371,56 +370,46 @@ void frmMain::deletePictureFile(const QString &file)
 
 bool frmMain::ValidateCoin()
 {
-    const auto refuse = [this](QWidget *field, const QString &text, const QString &title) {
-        m_shared.desktop.showMessage(text, title);
-        EntryWatch::focusField(field);
-        return false;
-    };
-    if (m_ui->txtDescr->text().isEmpty() && m_ui->txtCatNum->text().isEmpty() &&
-        m_ui->txtFace->text().isEmpty())
-        return refuse(
-            m_ui->txtDescr,
-            u"You must enter a description, a catalog number or a face value for this coin or click "
-            "the Cancel button."_s,
-            QString::fromUtf16(applicationTitle));
-    if (!isNumeric(m_ui->txtQuantity->text(), m_shared.regional))
-        return refuse(m_ui->txtQuantity, u"You must enter number in the quantity field."_s,
-                      u"Non-numeric Quantity Entered"_s);
-    if (m_ui->chkForSale->isChecked() && m_ui->chkSold->isChecked())
-        return refuse(m_ui->chkForSale, u"A Coin cannot be for sale and sold at the same time."_s,
-                      u"Sale Status Error"_s);
-    if (m_ui->chkWantList->isChecked() && m_ui->chkForSale->isChecked())
-        return refuse(m_ui->chkWantList,
-                      u"A Coin cannot be both for sale and on your want list at the same time."_s,
-                      u"Want List Error"_s);
-    return true;
+    const auto broken = obelmark::ValidateCoin(m_fields->coinToCheck());
+    if (!broken)
+        return true;
+    m_shared.desktop.showMessage(broken->message, broken->title);
+    EntryWatch::focusField(m_fields->widget(broken->column));
+    return false;
 }
 
 void frmMain::SaveCoinRecord()
 {
+    const bool isNew = m_state == EditState::Adding;
     m_money->roundQuantity();
-    m_fields->writeRow();
+    Coin coin;
+    attempt(m_shared, [&] {
+        coin = m_fields->coin();
+        writeCoin(coins(), coin);
+    });
     qint64 key = 0;
     std::unique_ptr<NewPictureFile> picture;
     attempt(m_shared, [&] {
         key = coins().value(u"coinid").toInt();
-        if (Adding)
+        if (isNew)
             setAsideStrayPictures(m_shared, key);
         if (m_shared.PictureChanged)
             picture = m_windows.image().writeNewPicture(key);
     });
-    writeWithRetry(m_shared, [&] {
-        coins().update();
-        m_savedCoinId = key;
-        if (picture)
-            m_windows.image().placeNewPicture(*picture, key);
-    });
+    const QString what = isNew ? u"Add '%1'"_s : u"Change '%1'"_s;
+    WriteStep step(m_shared, isNew ? StepKind::Add : StepKind::Change, what.arg(coinName(coin)), this);
+    if (step.update(coins()))
+        step.commit([&] {
+            m_savedCoinId = key;
+            if (picture)
+                m_windows.image().placeNewPicture(*picture, key);
+        });
     m_shared.PictureChanged = false;
 }
 
 void frmMain::chkSold_Click()
 {
-    if (!m_filling && m_ui->chkSold->isChecked() && m_ui->chkForSale->isChecked())
+    if (m_state != EditState::Filling && m_ui->chkSold->isChecked() && m_ui->chkForSale->isChecked())
         m_ui->chkForSale->setChecked(false);
 }
 

@@ -8,8 +8,9 @@ class QWidget;
 namespace obelmark {
 
 /// Browsing: the fields show the current row. Editing: the user has changed a field. Adding: the fields are a
-/// row that is not in the database yet.
-enum class EditState { Browsing, Editing, Adding };
+/// row that is not in the database yet. Filling: they are being filled from code; their changes are not the
+/// user's.
+enum class EditState { Browsing, Editing, Adding, Filling };
 
 /// A widget that its window hides keeps its place, so that the others stay under the hand.
 void keepPlaceWhenHidden(QWidget *widget);
@@ -24,6 +25,7 @@ public:
     /// ones that are shown while browsing only.
     EditButtons(const QWidget &window, const QList<QPushButton *> &ownBrowsing);
 
+    /// Not while Filling.
     void show(EditState state);
 
 private:

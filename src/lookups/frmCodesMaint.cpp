@@ -1,5 +1,6 @@
 #include "lookups/frmCodesMaint.h"
 
+#include "coins/WriteStep.h"
 #include "common/SharedState.h"
 #include "desktop/Desktop.h"
 #include "engine/language/EngineError.h"
@@ -95,7 +96,7 @@ void frmCodesMaint::Form_Activate()
     m_shared.*m_table.stale = true;
     if (m_seenRepairs != m_shared.DatabaseRepairs)
         run([&] { resumeAfterRepair(); });
-    else if (m_entries && !Editing && !Adding)
+    else if (m_entries && m_state == EditState::Browsing)
         run([&] { showChangesOfOthers(); });
 }
 
@@ -148,8 +149,8 @@ void frmCodesMaint::makeDefault(QPushButton *button)
 
 void frmCodesMaint::fillFields(const std::function<void(Field &)> &fill)
 {
-    Editing = true;
-    const auto done = qScopeGuard([&] { Editing = false; });
+    const bool isAdding = std::exchange(m_state, EditState::Filling) == EditState::Adding;
+    const auto done = qScopeGuard([&] { m_state = isAdding ? EditState::Adding : EditState::Browsing; });
     std::ranges::for_each(m_fields, fill);
 }
 
@@ -248,20 +249,19 @@ void frmCodesMaint::resumeAfterRepair()
         finishSaving(saved);
         return;
     }
-    if (Adding)
+    if (m_state == EditState::Adding)
         return;
-    if (!Editing) {
+    if (m_state == EditState::Browsing) {
         showCurrentRow();
     } else if (isChanged || entries().noMatch()) {
-        Editing = false;
-        Adding = true;
+        m_state = EditState::Adding;
         ShowEditButtons();
     }
 }
 
 void frmCodesMaint::ShowEditButtons()
 {
-    m_buttons->show(Adding ? EditState::Adding : EditState::Editing);
+    m_buttons->show(m_state);
 }
 
 void frmCodesMaint::ShowBrowseButtons()
@@ -272,15 +272,14 @@ void frmCodesMaint::ShowBrowseButtons()
 void frmCodesMaint::returnToBrowsing()
 {
     ShowBrowseButtons();
-    Editing = false;
-    Adding = false;
+    m_state = EditState::Browsing;
 }
 
 void frmCodesMaint::MarkChanged()
 {
-    if (Editing || Adding)
+    if (m_state != EditState::Browsing)
         return;
-    Editing = true;
+    m_state = EditState::Editing;
     ShowEditButtons();
 }
 
@@ -327,11 +326,16 @@ qint64 frmCodesMaint::SaveRecord()
         attempt(m_shared, [&] { entries().setValue(field.column, field.control->value()); });
     qint64 key = 0;
     attempt(m_shared, [&] { key = currentKey(); });
-    writeWithRetry(m_shared, [&] {
-        entries().update();
-        m_savedKey = key;
-    });
+    WriteStep step(m_shared, StepKind::Entry, stepName(m_state == EditState::Adding ? u"Add"_s : u"Change"_s),
+                   this);
+    if (step.update(entries()))
+        step.commit([&] { m_savedKey = key; });
     return key;
+}
+
+QString frmCodesMaint::stepName(const QString &action) const
+{
+    return u"%1 %2 '%3'"_s.arg(action, QStringView(m_table.caption), m_ui->txtDesc->text());
 }
 
 void frmCodesMaint::finishSaving(qint64 key)
@@ -388,14 +392,14 @@ void frmCodesMaint::leaveDeletedEntry()
 
 void frmCodesMaint::cmdAddNew_Click()
 {
-    if (Adding) {
+    if (m_state == EditState::Adding) {
         if (!ValidateEntry())
             return;
         m_addsAnother = true;
         attempt(m_shared, [&] { entries().addNew(); });
         SaveRecord();
     } else {
-        Adding = true;
+        m_state = EditState::Adding;
         if (!entries().isEmpty())
             attempt(m_shared, [&] { entries().moveLast(); });
         EnableFields();
@@ -409,13 +413,13 @@ void frmCodesMaint::cmdUpdate_Click()
 {
     if (!ValidateEntry())
         return;
-    if (!Adding && !isOnEntry()) {
+    if (m_state != EditState::Adding && !isOnEntry()) {
         leaveDeletedEntry();
         return;
     }
     m_addsAnother = false;
     attempt(m_shared, [&] {
-        if (Adding)
+        if (m_state == EditState::Adding)
             entries().addNew();
         else
             entries().edit();
@@ -458,7 +462,9 @@ void frmCodesMaint::cmdDelete_Click()
         m_shared.desktop.showMessage(QString::fromUtf16(Mode.inUseMessage), u"Cannot Delete"_s);
         return;
     }
-    writeWithRetry(m_shared, [&] { entries().remove(); });
+    WriteStep step(m_shared, StepKind::Entry, stepName(u"Delete"_s), this);
+    if (step.remove(entries()))
+        step.commit();
     attempt(m_shared, [&] { showNeighbour(); });
 }
 

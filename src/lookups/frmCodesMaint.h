@@ -13,6 +13,7 @@ namespace obelmark {
 class Dynaset;
 class EditButtons;
 class FieldControl;
+enum class EditState;
 enum class Move;
 struct LookupMode;
 struct LookupTable;
@@ -76,6 +77,8 @@ private:
     void beginEntry();
     /// What is left of saving once the entry is in the file.
     void finishSaving(qint64 key);
+    /// What an action on the entry on screen is called.
+    QString stepName(const QString &action) const;
     Dynaset &entries();
     void makeDefault(QPushButton *button);
     void browseTo(Move direction);
@@ -93,7 +96,7 @@ private:
     void leaveDeletedEntry();
     void showChangesOfOthers();
     void resumeAfterRepair();
-    /// Fills fields from code with Editing raised, so that their change signals are not taken for the user's.
+    /// Fills fields from code, whose change signals are not to be taken for the user's.
     void fillFields(const std::function<void(Field &)> &fill);
     void setFieldsEnabled(bool enabled);
 
@@ -110,9 +113,7 @@ private:
     qint64 m_shownKey = 0;
     qint64 m_savedKey = 0;      ///< in the file already, though its saving has not come to its end
     bool m_addsAnother = false; ///< the saving began with Add Another
-
-    bool Editing = false;
-    bool Adding = false;
+    EditState m_state{};
 };
 
 } // namespace obelmark

@@ -17,11 +17,23 @@ static QString currencyFromHundredths(bool negative, quint64 hundredths, const R
                                            int(hundredths % 100));
 }
 
-QString formatCurrency(Money amount, const RegionalSettings &regional)
+/// Of the amount without its sign, half away from zero.
+static quint64 shownHundredths(Money amount)
 {
     const qint64 count = amount.tenThousandths();
     const quint64 magnitude = count < 0 ? 0 - quint64(count) : quint64(count);
-    return currencyFromHundredths(count < 0, (magnitude + 50) / 100, regional);
+    return (magnitude + 50) / 100;
+}
+
+QString formatCurrency(Money amount, const RegionalSettings &regional)
+{
+    return currencyFromHundredths(amount < Money(), shownHundredths(amount), regional);
+}
+
+Money asShown(Money amount)
+{
+    const qint64 count = qint64(shownHundredths(amount)) * 100;
+    return Money::fromTenThousandths(amount < Money() ? -count : count);
 }
 
 QString formatCurrency(double amount, const RegionalSettings &regional)

@@ -13,6 +13,8 @@ QString formatCurrency(Money amount, const RegionalSettings &regional);
 /// The same for an amount beyond what Money holds, from its 15 significant digits. \throws Overflow when it
 /// is not finite
 QString formatCurrency(double amount, const RegionalSettings &regional);
+/// The amount as which that text reads: whole hundredths.
+Money asShown(Money amount);
 
 /// "short date" (and "ddddd"): the region's order and separator, the year always in four digits.
 QString formatShortDate(Date date, const RegionalSettings &regional);

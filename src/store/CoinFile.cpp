@@ -128,6 +128,7 @@ void reopenCoinDatabase(SharedState &shared, bool withRecordset)
     if (withRecordset)
         shared.CoinRecordset = openCoins(*shared.CoinDatabase, shared.SortOrder);
     ++shared.DatabaseRepairs;
+    emit shared.changes.changed({.everything = true});
 }
 
 Database &coinDatabase(SharedState &shared)

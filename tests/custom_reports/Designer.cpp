@@ -2,7 +2,7 @@
 #include "common/SharedState.h"
 #include "custom_reports/NoPreview.h"
 #include "custom_reports/windows/frmRptSpec.h"
-#include "dates/DateField.h"
+#include "dates/windows/DateField.h"
 #include "documents/ReportDocument.h"
 #include "documents/ReportPreview.h"
 #include "engine/rows/Database.h"

@@ -1,6 +1,6 @@
 #include "common/SharedState.h"
-#include "dates/DateField.h"
-#include "dates/DatePicker.h"
+#include "dates/windows/DateField.h"
+#include "dates/windows/DatePicker.h"
 #include "runtime/Formats.h"
 #include "support/GuiDriver.h"
 #include "support/ScriptedDesktop.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "common/SharedState.h"
-#include "dates/DateField.h"
+#include "dates/windows/DateField.h"
 #include "editor/LookupList.h"
 #include "editor/ProgramWindows.h"
 #include "editor/frmMain.h"

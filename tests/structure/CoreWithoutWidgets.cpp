@@ -48,11 +48,11 @@ void CoreWithoutWidgets::libraryLinksWindows_data()
 {
     QTest::addColumn<QString>("forbidden");
     QTest::addColumn<bool>("linked");
-    for (const char *core : {"runtime", "desktop", "engine", "common", "store", "backup", "old_collections"})
+    for (const char *core : {"runtime", "desktop", "engine", "common", "store", "dates", "coins", "backup", "old_collections"})
         QTest::newRow(core) << withoutFonts << false;
     for (const char *logic : {"reports", "custom_reports", "find", "pictures/metafiles"})
         QTest::newRow(logic) << withFonts << false;
-    QTest::newRow("dates") << withFonts << true; // shows that the check sees windows where they are
+    QTest::newRow("dates/windows") << withFonts << true; // shows that the check sees windows where they are
 }
 
 void CoreWithoutWidgets::libraryLinksWindows()

@@ -1,6 +1,6 @@
 #include "walk/WidgetText.h"
 
-#include "dates/DateField.h"
+#include "dates/windows/DateField.h"
 #include "editor/LookupList.h"
 #include "support/GuiDriver.h"
 #include <QApplication>

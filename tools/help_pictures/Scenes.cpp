@@ -2,7 +2,7 @@
 
 #include "Stage.h"
 #include "WindowPicture.h"
-#include "dates/DateField.h"
+#include "dates/windows/DateField.h"
 #include <QMenu>
 #include <QMenuBar>
 #include <QSplitter>

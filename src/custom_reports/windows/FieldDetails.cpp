@@ -3,7 +3,7 @@
 #include "common/SharedState.h"
 #include "custom_reports/ReportDefinition.h"
 #include "custom_reports/ReportNumbers.h"
-#include "dates/DatePicker.h"
+#include "dates/windows/DatePicker.h"
 #include "forms/EditButtons.h"
 #include "runtime/Formats.h"
 #include "runtime/Numbers.h"

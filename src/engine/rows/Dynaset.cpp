@@ -39,6 +39,8 @@ public:
     bool isEmpty();
     int requireColumn(QStringView field) const;
     void requirePending() const;
+    RowChange changeOf(RowChange::Kind kind, qint64 key, const std::vector<Value> &before,
+                       const std::vector<Value> &after) const;
     void markDeleted();
     void writeChanges();
 
@@ -208,6 +210,20 @@ void Dynaset::Private::find(const QString &text, Direction direction, bool fromC
         place = Place::OnRow;
         rowsBefore.reset();
     }
+}
+
+RowChange Dynaset::Private::changeOf(RowChange::Kind kind, qint64 key, const std::vector<Value> &before,
+                                     const std::vector<Value> &after) const
+{
+    const TableSchema &table = rows->table();
+    RowChange change{kind, table.name(), key, {}};
+    for (int i = 0; i < table.columnCount(); ++i) {
+        const Value &was = before.empty() ? Value() : before[size_t(i)];
+        const Value &is = after.empty() ? Value() : after[size_t(i)];
+        if (i != table.keyColumn() && !table.column(i).isCompanion && was != is)
+            change.fields.push_back({table.column(i).name, was, is});
+    }
+    return change;
 }
 
 void Dynaset::Private::markDeleted()
@@ -395,6 +411,23 @@ void Dynaset::update()
     d->pending.reset();
 }
 
+RowChange Dynaset::pendingChange() const
+{
+    d->requireOpen();
+    d->requirePending();
+    const Private::Pending &pending = *d->pending;
+    if (pending.newKey != 0)
+        return d->changeOf(RowChange::Kind::Added, pending.newKey, {}, pending.values);
+    // Only what has been written into is written.
+    const OrderedRow &row = d->requireRow();
+    std::vector<Value> after = row.values;
+    for (size_t i = 0; i < after.size(); ++i) {
+        if (pending.changed[i])
+            after[i] = pending.values[i];
+    }
+    return d->changeOf(RowChange::Kind::Changed, row.position.key, row.values, after);
+}
+
 void Dynaset::cancelUpdate()
 {
     d->requireOpen();
@@ -411,6 +444,13 @@ void Dynaset::remove()
     if (!d->writer->remove(key))
         d->markDeleted();
     d->place = Private::Place::OnDeletedRow;
+}
+
+RowChange Dynaset::removal() const
+{
+    d->requireOpen();
+    const OrderedRow &row = d->requireRow();
+    return d->changeOf(RowChange::Kind::Deleted, row.position.key, row.values, {});
 }
 
 } // namespace obelmark

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/rows/Recordset.h"
+#include "engine/rows/RowChange.h"
 #include <memory>
 
 namespace obelmark {
@@ -52,11 +53,15 @@ public:
     /// update() can be tried again. \throws UpdateWithoutEdit, RecordLocked, RecordDeleted, DiskFull and
     /// others
     void update();
+    /// What update() would do to the file. \throws UpdateWithoutEdit, RecordDeleted
+    RowChange pendingChange() const;
     /// Drops the begun row.
     void cancelUpdate();
     /// Deletes the current row in one durable transaction. It stays current, unreadable (RecordDeleted),
     /// until a move; moveNext() then goes to the row after it and movePrevious() to the row before it.
     void remove();
+    /// What remove() would do to the file. \throws NoCurrentRecord, RecordDeleted
+    RowChange removal() const;
 
 private:
     friend class Database;

@@ -20,7 +20,9 @@ Transaction::~Transaction()
         m_core->countChange();
         m_core->writing([&] { m_core->connection().exec("rollback to step; release step"); });
     } catch (const NumberedError &) {
-        // An error that made SQLite undo the whole transaction has taken the savepoint with it.
+        // An error that made SQLite undo the whole transaction has taken the savepoint with it. Where the
+        // file has been taken away, what is not in it must not be seen either.
+        m_core->connection().tryExec("rollback to step; release step");
     }
 }
 

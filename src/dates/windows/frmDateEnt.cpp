@@ -1,4 +1,4 @@
-#include "dates/frmDateEnt.h"
+#include "dates/windows/frmDateEnt.h"
 
 #include "common/SharedState.h"
 #include "desktop/Desktop.h"

@@ -1,4 +1,4 @@
-#include "dates/DateField.h"
+#include "dates/windows/DateField.h"
 
 #include <QFocusEvent>
 #include <QMouseEvent>

@@ -1,4 +1,4 @@
-#include "dates/IssueDate.h"
+#include "coins/IssueDate.h"
 
 #include "common/SharedState.h"
 #include "dates/DateFormat.h"

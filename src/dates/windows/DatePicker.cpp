@@ -1,8 +1,8 @@
-#include "dates/DatePicker.h"
+#include "dates/windows/DatePicker.h"
 
 #include "common/SharedState.h"
-#include "dates/DateField.h"
-#include "dates/frmDateEnt.h"
+#include "dates/windows/DateField.h"
+#include "dates/windows/frmDateEnt.h"
 #include "runtime/Formats.h"
 #include <QGuiApplication>
 #include <QScreen>

@@ -1,0 +1,14 @@
+#include "common/CollectionChanges.h"
+
+#include <algorithm>
+
+namespace obelmark {
+
+bool Changes::touches(QStringView table) const
+{
+    return everything || std::ranges::any_of(rows, [&](const RowChange &row) {
+               return table.compare(row.table, Qt::CaseInsensitive) == 0;
+           });
+}
+
+} // namespace obelmark
