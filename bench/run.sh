@@ -12,6 +12,7 @@ bin=build/bench/bin
 missed=0
 "$bin/bench_engine" "$@" || missed=1
 QT_QPA_PLATFORM=offscreen "$bin/bench_preview" "$@" || missed=1
+"$bin/bench_coin_sets" "$@" || missed=1
 "$bin/bench_reports" "$@" || missed=1
 "$bin/bench_custom_report" "$@" || missed=1
 

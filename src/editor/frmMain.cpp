@@ -48,27 +48,20 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// The tab stops in their order; the total fields are none.
-constexpr const char16_t *tabOrder[] = {
-    u"txtDescr",       u"txtCatNum",   u"txtFace",    u"txtYear",     u"chkWantList", u"txtQuantity",
-    u"cmbCon",         u"cmbCou",      u"cmbMin",     u"cmbCat",      u"cmbTyp",      u"cmbFor",
-    u"txtSerNum",      u"txtMetal",    u"txtErrors",  u"dcIssueDate", u"cmbBou",      u"txtPricePaid",
-    u"dcPurchaseDate", u"txtCatValue", u"dcSoldDate", u"chkForSale",  u"chkSold",     u"txtPriceAsk",
-    u"cmdSoldSome",    u"txtNotes",    u"txtMisc1",   u"txtMisc2",    u"Tab1",        u"cmdFirst",
-    u"cmdPrevious",    u"cmdNext",     u"cmdLast",    u"cmdAddNew",   u"cmdDelete",   u"cmdFind",
-    u"cmdCancel",      u"cmdUpdate",   u"cmdPicture",
-};
-
-/// How many digits a field of numbers is wide at most: in a window as wide as the screen they would be hard
-/// to find at its far end.
-constexpr std::pair<const char16_t *, int> widestFields[] = {
-    {u"txtFace", 18},       {u"txtYear", 10},        {u"txtQuantity", 12}, {u"txtPricePaid", 32},
-    {u"txtTotalPaid", 32},  {u"txtCatValue", 32},    {u"txtTotalVal", 32}, {u"txtPriceAsk", 32},
-    {u"txtTotalSales", 32}, {u"dcPurchaseDate", 32}, {u"dcSoldDate", 32},
-};
+QList<QWidget *> tabOrder(const Ui::frmMain &ui)
+{
+    return {ui.txtDescr,       ui.txtCatNum,   ui.txtFace,    ui.txtYear,     ui.chkWantList, ui.txtQuantity,
+            ui.cmbCon,         ui.cmbCou,      ui.cmbMin,     ui.cmbCat,      ui.cmbTyp,      ui.cmbFor,
+            ui.txtSerNum,      ui.txtMetal,    ui.txtErrors,  ui.dcIssueDate, ui.cmbBou,      ui.txtPricePaid,
+            ui.dcPurchaseDate, ui.txtCatValue, ui.dcSoldDate, ui.chkForSale,  ui.chkSold,     ui.txtPriceAsk,
+            ui.cmdSoldSome,    ui.txtNotes,    ui.txtMisc1,   ui.txtMisc2,    ui.Tab1,        ui.cmdFirst,
+            ui.cmdPrevious,    ui.cmdNext,     ui.cmdLast,    ui.cmdAddNew,   ui.cmdDelete,   ui.cmdFind,
+            ui.cmdCancel,      ui.cmdUpdate,   ui.cmdPicture};
+}
 
 struct DateRow
 {
-    const char16_t *field;
+    DateField *Ui::frmMain::*field;
     /// The title of the calendar.
     const char16_t *caption;
     /// The message when a text that is no date is left; the purchase date has no check.
@@ -76,9 +69,11 @@ struct DateRow
 };
 
 constexpr DateRow dateTable[] = {
-    {u"dcIssueDate", u"Select Issue Date", u"You must enter a valid issue date, or leave the field blank."},
-    {u"dcPurchaseDate", u"Select Purchase Date", nullptr},
-    {u"dcSoldDate", u"Select Sold Date", u"You must enter a valid sold date, or leave the field blank."},
+    {&Ui::frmMain::dcIssueDate, u"Select Issue Date",
+     u"You must enter a valid issue date, or leave the field blank."},
+    {&Ui::frmMain::dcPurchaseDate, u"Select Purchase Date", nullptr},
+    {&Ui::frmMain::dcSoldDate, u"Select Sold Date",
+     u"You must enter a valid sold date, or leave the field blank."},
 };
 
 /// Whether the Tab key may stop here now: hidden buttons and disabled fields are passed over, hidden pages
@@ -119,7 +114,7 @@ frmMain::frmMain(SharedState &shared, ProgramWindows &windows)
     fillStatusBar();
     setFirstSize(*this);
     m_fields = std::make_unique<CoinFields>(*m_ui, shared);
-    m_buttons = std::make_unique<EditButtons>(*this, QList{m_ui->cmdPicture, m_ui->cmdSoldSome});
+    m_buttons = std::make_unique<EditButtons>(*m_ui, QList{m_ui->cmdPicture, m_ui->cmdSoldSome});
     m_watch = new EntryWatch(*this, shared.desktop, [&shared](const auto &rule) { attempt(shared, rule); });
     m_money = new MoneyFields(*this, *m_ui, *m_fields, *m_watch, shared);
     connectFields();
@@ -130,15 +125,27 @@ frmMain::frmMain(SharedState &shared, ProgramWindows &windows)
     connectButtons();
     connectMenus();
     connectPictureWindow();
+    connect(&shared.changes, &CollectionSignal::changed, this, [this](const Changes &changes) {
+        // Of a file that has been opened anew the window learns as DatabaseRepaired or when it comes to the
+        // front.
+        if (changes.by != this && !changes.everything)
+            run([&] { showChangesOfOthers(changes); });
+    });
 }
 
 frmMain::~frmMain() = default;
 
+/// In a window as wide as the screen fields of numbers would be hard to find at its far end.
 void frmMain::limitWidths()
 {
-    for (const auto &[field, digits] : widestFields)
-        findChild<QWidget *>(QString::fromUtf16(field))
-            ->setMaximumWidth(digits * fontMetrics().horizontalAdvance(u'0'));
+    const std::pair<QWidget *, int> mostDigits[] = {
+        {m_ui->txtFace, 18},        {m_ui->txtYear, 10},      {m_ui->txtQuantity, 12},
+        {m_ui->txtPricePaid, 32},   {m_ui->txtTotalPaid, 32}, {m_ui->txtCatValue, 32},
+        {m_ui->txtTotalVal, 32},    {m_ui->txtPriceAsk, 32},  {m_ui->txtTotalSales, 32},
+        {m_ui->dcPurchaseDate, 32}, {m_ui->dcSoldDate, 32},
+    };
+    for (const auto &[field, digits] : mostDigits)
+        field->setMaximumWidth(digits * fontMetrics().horizontalAdvance(u'0'));
 }
 
 void frmMain::fillStatusBar()
@@ -168,7 +175,7 @@ void frmMain::connectFields()
     connect(m_ui->chkWantList, &QCheckBox::toggled, this, &frmMain::chkWantList_Click);
 
     for (const DateRow &row : dateTable) {
-        auto *field = findChild<DateField *>(QString::fromUtf16(row.field));
+        DateField *field = m_ui.get()->*row.field;
         connect(field, &DateField::dropDown, this, [this, field, caption = row.caption] {
             run([&] {
                 const Date start = field == m_ui->dcIssueDate
@@ -225,10 +232,10 @@ void frmMain::connectButtons()
 
 void frmMain::connectMenus()
 {
-    const auto connectGroup = [this](const QString &name, int count, void (frmMain::*click)(int)) {
+    const auto connectGroup = [this](const QList<QAction *> &items, void (frmMain::*click)(int)) {
         QActionGroup *group = nullptr;
-        for (int index = 1; index <= count; ++index) {
-            auto *item = findChild<QAction *>(u"%1_%2"_s.arg(name, QString::number(index)));
+        for (int index = 1; index <= items.size(); ++index) {
+            QAction *item = items[index - 1];
             if (item->isCheckable()) {
                 if (!group)
                     group = new QActionGroup(this);
@@ -237,12 +244,16 @@ void frmMain::connectMenus()
             connect(item, &QAction::triggered, this, [=, this] { run([&] { (this->*click)(index); }); });
         }
     };
-    connectGroup(u"mnuSort"_s, 3, &frmMain::mnuSort_Click);
-    connectGroup(u"mnuMaint"_s, 7, &frmMain::mnuMaint_Click);
-    connectGroup(u"mnuRptOut"_s, 3, &frmMain::mnuRptOut_Click);
-    connectGroup(u"mnuRpt"_s, 7, &frmMain::mnuRpt_Click);
+    const Ui::frmMain &ui = *m_ui;
+    connectGroup({ui.mnuSort_1, ui.mnuSort_2, ui.mnuSort_3}, &frmMain::mnuSort_Click);
+    connectGroup({ui.mnuMaint_1, ui.mnuMaint_2, ui.mnuMaint_3, ui.mnuMaint_4, ui.mnuMaint_5, ui.mnuMaint_6,
+                  ui.mnuMaint_7},
+                 &frmMain::mnuMaint_Click);
+    connectGroup({ui.mnuRptOut_1, ui.mnuRptOut_2, ui.mnuRptOut_3}, &frmMain::mnuRptOut_Click);
+    connectGroup({ui.mnuRpt_1, ui.mnuRpt_2, ui.mnuRpt_3, ui.mnuRpt_4, ui.mnuRpt_5, ui.mnuRpt_6, ui.mnuRpt_7},
+                 &frmMain::mnuRpt_Click);
     connectReports();
-    connectGroup(u"mnuHelp"_s, 3, &frmMain::mnuHelp_Click);
+    connectGroup({ui.mnuHelp_1, ui.mnuHelp_2, ui.mnuHelp_3}, &frmMain::mnuHelp_Click);
     connect(m_ui->mnuBackup, &QAction::triggered, this, &frmMain::backupWanted);
     connect(m_ui->mnuPack, &QAction::triggered, this, &frmMain::mnuPack_Click);
     connect(m_ui->mnuAbout, &QAction::triggered, this, &frmMain::mnuAbout_Click);
@@ -358,20 +369,21 @@ void frmMain::closeEvent(QCloseEvent *event)
 // The pages of the tab control follow each other: Tab on the last field of one goes to the first of the next.
 bool frmMain::focusNextPrevChild(bool next)
 {
-    const int count = int(std::size(tabOrder));
+    const QList<QWidget *> stops = tabOrder(*m_ui);
+    const int count = int(stops.size());
     const QWidget *focused = focusWidget();
     // Not the Tab key: the page with the focus is being turned over.
     if (focused && !focused->isVisibleTo(this))
         return QMainWindow::focusNextPrevChild(next);
     int position = next ? -1 : count;
     for (int i = 0; i < count; ++i) {
-        const auto *stop = findChild<QWidget *>(QString::fromUtf16(tabOrder[i]));
+        const QWidget *stop = stops[i];
         if (stop == focused || (stop == m_ui->Tab1 && focused == m_ui->Tab1->tabBar()))
             position = i;
     }
     for (int step = 1; step <= count; ++step) {
         const int candidate = ((next ? position + step : position - step) + 2 * count) % count;
-        auto *stop = findChild<QWidget *>(QString::fromUtf16(tabOrder[candidate]));
+        QWidget *stop = stops[candidate];
         if (!isTabStop(*stop))
             continue;
         if (stop == m_ui->Tab1)

@@ -19,6 +19,7 @@ class StatusText;
 enum class EditState;
 enum class Move;
 class frmAbout;
+struct Changes;
 struct ProgramWindows;
 struct SharedState;
 namespace Ui {
@@ -112,6 +113,7 @@ private:
     void deletePictureFile(const QString &file);
     void returnToBrowsing();
     void beginCoin();
+    void showChangesOfOthers(const Changes &changes);
     /// What is left of saving once the coin is in the file.
     void finishSaving(qint64 key);
 

@@ -74,6 +74,21 @@ void frmMain::resumeAfterRepair()
     }
 }
 
+void frmMain::showChangesOfOthers(const Changes &changes)
+{
+    if (isActiveWindow())
+        Form_Activate();
+    if (m_state != EditState::Browsing || !changes.touches(u"Coin"))
+        return;
+    coins().findFirst(keyCriteria(m_shownCoinId));
+    if (coins().noMatch() && !moveToNeighbour(coins())) {
+        showEmptyTable();
+        return;
+    }
+    EnableCoinFields();
+    ShowCoinRecord();
+}
+
 void frmMain::requireFile()
 {
     run([this] {

@@ -14,21 +14,12 @@ void keepPlaceWhenHidden(QWidget *widget)
     widget->setSizePolicy(policy);
 }
 
-EditButtons::EditButtons(const QWidget &window, const QList<QPushButton *> &ownBrowsing)
+EditButtons::EditButtons(QPushButton *addNew, QPushButton *next, const QList<QPushButton *> &browsing,
+                         const QList<QPushButton *> &editing)
+    : m_browsing(browsing), m_editing(editing), m_addNew(addNew), m_next(next)
 {
-    const auto button = [&window](const QString &name) {
-        auto *found = window.findChild<QPushButton *>(name);
-        Q_ASSERT(found);
-        keepPlaceWhenHidden(found);
-        return found;
-    };
-    m_addNew = button(u"cmdAddNew"_s);
-    m_next = button(u"cmdNext"_s);
-    m_browsing = {button(u"cmdFirst"_s), button(u"cmdPrevious"_s), m_next,
-                  button(u"cmdLast"_s),  button(u"cmdDelete"_s),   button(u"cmdFind"_s)};
-    m_editing = {button(u"cmdCancel"_s), button(u"cmdUpdate"_s)};
-    std::ranges::for_each(ownBrowsing, keepPlaceWhenHidden);
-    m_browsing += ownBrowsing;
+    for (QPushButton *button : QList{addNew} + browsing + editing)
+        keepPlaceWhenHidden(button);
 }
 
 void EditButtons::show(EditState state)

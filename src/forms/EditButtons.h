@@ -20,15 +20,25 @@ void keepPlaceWhenHidden(QWidget *widget);
 class EditButtons
 {
 public:
-    /// The window's buttons are found by the names that all editor windows share: cmdFirst, cmdPrevious,
-    /// cmdNext, cmdLast, cmdAddNew, cmdDelete, cmdFind, cmdCancel, cmdUpdate. \a ownBrowsing are the further
+    /// The buttons of \a form have the names that all editor windows share. \a ownBrowsing are the further
     /// ones that are shown while browsing only.
-    EditButtons(const QWidget &window, const QList<QPushButton *> &ownBrowsing);
+    template<class Form>
+    EditButtons(const Form &form, const QList<QPushButton *> &ownBrowsing)
+        : EditButtons(form.cmdAddNew, form.cmdNext,
+                      QList{form.cmdFirst, form.cmdPrevious, form.cmdNext, form.cmdLast, form.cmdDelete,
+                            form.cmdFind} +
+                          ownBrowsing,
+                      {form.cmdCancel, form.cmdUpdate})
+    {
+    }
 
     /// Not while Filling.
     void show(EditState state);
 
 private:
+    EditButtons(QPushButton *addNew, QPushButton *next, const QList<QPushButton *> &browsing,
+                const QList<QPushButton *> &editing);
+
     QList<QPushButton *> m_browsing;
     QList<QPushButton *> m_editing;
     QPushButton *m_addNew;

@@ -28,7 +28,7 @@ frmCodesMaint::frmCodesMaint(SharedState &shared, QWidget *parent)
 {
     setAttribute(Qt::WA_DeleteOnClose);
     m_ui->setupUi(this);
-    m_buttons = std::make_unique<EditButtons>(*this, QList{m_ui->cmdOk});
+    m_buttons = std::make_unique<EditButtons>(*m_ui, QList{m_ui->cmdOk});
     const auto addField = [this](const char16_t *column, std::unique_ptr<FieldControl> control) {
         control->onChange(this, [this] { MarkChanged(); });
         m_fields.push_back({QString::fromUtf16(column), std::move(control), {}});
