@@ -33,8 +33,8 @@ struct CoinQuery
 /// bytes; who shows a row reads it by that.
 ///
 /// It is read in slices between which the program goes on, and coins may be written: the set is told of them
-/// by apply(). A million coins take about a second in all by a text, half of it by a number; a slice takes a
-/// few milliseconds, a coin that has changed as much.
+/// by apply(). A million coins take one to two seconds in all, a slice some ten milliseconds, a coin that has
+/// changed as much.
 ///
 /// To be made anew when the file has been opened anew.
 class CoinSet

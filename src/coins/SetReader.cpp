@@ -1,5 +1,6 @@
 #include "coins/SetReader.h"
 
+#include <QtEndian>
 #include <algorithm>
 #include <tuple>
 
@@ -10,7 +11,7 @@ namespace {
 /// Keys of a slice; a few milliseconds whatever the condition.
 constexpr qint64 keysOfSlice = 4096;
 /// Coins of a run: sorting it takes some milliseconds too.
-constexpr size_t coinsOfRun = 32768;
+constexpr size_t coinsOfRun = 16384;
 constexpr double shareOfReading = 0.7;
 
 } // namespace
@@ -47,9 +48,7 @@ bool SetReader::readSlice()
             m_keys.push_back(key);
             return;
         }
-        Run &run = m_runs.back();
-        run.places.push_back({run.sortKeys.size(), sortKey.size(), key});
-        run.sortKeys += sortKey;
+        m_runs.back().add(sortKey, key);
     });
     // There may be wide gaps between the keys.
     m_next = last < m_last ? m_source.nextKey(last + 1) : std::nullopt;
@@ -58,8 +57,19 @@ bool SetReader::readSlice()
     return true;
 }
 
+void SetReader::Run::add(std::string_view sortKey, qint32 key)
+{
+    char beginning[sizeof(quint64)] = {};
+    sortKey.copy(beginning, sizeof beginning);
+    places.push_back(
+        {qFromBigEndian<quint64>(beginning), quint32(sortKeys.size()), quint32(sortKey.size()), key});
+    sortKeys += sortKey;
+}
+
 bool SetReader::Run::isBefore(const Place &place, const Run &other, const Place &otherPlace) const
 {
+    if (place.beginning != otherPlace.beginning)
+        return place.beginning < otherPlace.beginning;
     const std::string_view mine = std::string_view(sortKeys).substr(place.begin, place.size);
     const std::string_view others =
         std::string_view(other.sortKeys).substr(otherPlace.begin, otherPlace.size);

@@ -19,18 +19,20 @@ public:
 private:
     struct Place
     {
-        size_t begin; ///< of its sort key in the run
-        size_t size;
+        quint64 beginning; ///< of its sort key: tells most coins apart without a look at the rest
+        quint32 begin;     ///< of its sort key in the run
+        quint32 size;
         qint32 key;
     };
     /// Some of the coins, in order.
     struct Run
     {
+        void add(std::string_view sortKey, qint32 key);
+        bool isBefore(const Place &place, const Run &other, const Place &otherPlace) const;
+
         std::string sortKeys;
         std::vector<Place> places;
         size_t next = 0; ///< the first that is not merged yet
-
-        bool isBefore(const Place &place, const Run &other, const Place &otherPlace) const;
     };
 
     bool readSlice();

@@ -16,7 +16,7 @@ namespace {
 /// Several slices of keys, with a wide gap between them; few texts, so that many are alike.
 const QString manyCoins =
     u"insert into country (couid, coudesc) values (901, 'Ruritania'), (902, 'éire'), (903, null);"
-    "with recursive n(i) as (select 1 union all select i + 1 from n where i < 5000)"
+    "with recursive n(i) as (select 1 union all select i + 1 from n where i < %1)"
     "insert into Coin (coinid, descr, catnum, Year, SerNum, pricepaid, SoldDate, couid, sold) select"
     " i + i / 3000 * 1000000, substr('Éé aÄzZ', i % 7 + 1, i % 3), nullif(i % 40, 3), nullif(i % 90 - 40, 5),"
     " substr('aBAbc', i % 5 + 1, i % 2 + 1), (i * 7919 % 1000 - 500) * 10, nullif(date('1850-01-01', i % 50 "
@@ -25,9 +25,9 @@ const QString manyCoins =
 
 struct Opened
 {
-    Opened()
+    explicit Opened(int coins = 5000)
     {
-        collection.exec(manyCoins);
+        collection.exec(manyCoins.arg(coins));
         shared.CoinDatabase = openCoinDatabase(collection.databasePath());
         shared.CoinRecordset = openCoins(*shared.CoinDatabase);
     }
@@ -128,6 +128,17 @@ private slots:
             QCOMPARE(set.rowOf(set.keyAt(row)), row);
         QCOMPARE(set.rowOf(-5), qsizetype(-1));
         o.shared.changes.disconnect(this);
+    }
+
+    // More than are sorted at a time.
+    void veryMany()
+    {
+        const Opened o(20000);
+        const CoinQuery query{{}, {{u"descr"_s}, {u"pricepaid"_s, true}}};
+        CoinSet set(*o.shared.CoinDatabase, query);
+        while (!set.read(1s)) {
+        }
+        QCOMPARE(keysOf(set), o.reported(query));
     }
 
     // Entries move coins that nobody has written, and very many coins at once are read anew.
