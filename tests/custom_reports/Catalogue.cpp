@@ -3,10 +3,7 @@
 #include "custom_reports/ReportQuery.h"
 #include "engine/rows/Database.h"
 #include "runtime/RegionalSettings.h"
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
+#include "support/Cases.h"
 #include <SQLiteCpp/SQLiteCpp.h>
 
 using namespace obelmark;
@@ -100,28 +97,11 @@ private slots:
         QVERIFY(catalogue.knows(u"Stamp"_s) && !catalogue.knows(u"stamps"_s));
     }
 
-    void unusable_data()
-    {
-        QTest::addColumn<QString>("reason");
-        const auto row = [](const char *sql, const char16_t *reason) {
-            QTest::newRow(sql) << QString::fromUtf16(reason);
-        };
-        row("", u"Unrecognized database format");
-        row("drop table RptSpec", u"Unrecognized database format");
-        row("alter table RptSpec drop column ismemo", u"column of its table RptSpec is missing");
-        row("delete from RptSpec", u"has no fields for 'coin'");
-        row("update RptSpec set datatype = 6 where specid = 3", u"'Face Value': its kind (datatype)");
-        row("update RptSpec set Desc = Desc || hex(zeroblob(9999999)) where specid = 3",
-            u"is longer than 255");
-        row("update RptSpec set datatype = null where specid = 3", u"'Face Value': its kind (datatype)");
-        row("update RptSpec set specid = 32768 where specid = 3",
-            u"'Face Value': its number (specid) is not");
-        row("update RptSpec set specid = 4 where specid = 3", u"'Year': it has the same number (specid)");
-    }
+    void unusable_data() { cases::add(); }
     void unusable()
     {
-        QFETCH(QString, reason);
-        const QByteArray sql = QTest::currentDataTag();
+        const auto [statements, reason] = cases::row<2>();
+        const QByteArray sql = statements.toUtf8();
         dropChecks();
         if (!sql.isEmpty())
             exec(sql);

@@ -3,24 +3,13 @@
 #include "custom_reports/NoPreview.h"
 #include "custom_reports/windows/frmRptSpec.h"
 #include "dates/windows/DateField.h"
+#include "engine/rows/Database.h"
 #include "documents/ReportDocument.h"
 #include "documents/ReportPreview.h"
-#include "engine/rows/Database.h"
+#include "support/Cases.h"
 #include "support/GuiDriver.h"
 #include "support/ScriptedDesktop.h"
 #include "support/TestCollection.h"
-#include <QAction>
-#include <QCheckBox>
-#include <QDir>
-#include <QFile>
-#include <QGroupBox>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPointer>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTabWidget>
-#include <QToolButton>
 
 using namespace obelmark;
 using namespace Qt::StringLiterals;
@@ -31,9 +20,6 @@ namespace {
 const QString filter = u"Report Files (*.rpt)|*.rpt"_s;
 const QString saveQuestion = u"Do you wish to save the current report?"_s;
 const QString saveTitle = u"Save Current Report"_s;
-const QString numberMessage = u"You must enter a number or leave this selection field blank"_s;
-const QString dateMessage = u"You must enter a valid date or leave this selection field blank."_s;
-const QString timeMessage = u"You must enter a valid time or leave this selection field blank."_s;
 const QString invalidMessage = u"This does not appear to be a valid report file for this program."_s;
 
 /// The designer with the delivered catalogue and, as number 34, a field for a time.
@@ -178,43 +164,11 @@ private slots:
     }
 
     // What is typed and left, or typed and saved by the menu.
-    void details_data()
-    {
-        QTest::addColumn<QString>("field");
-        QTest::addColumn<QString>("control");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("message"); // none: accepted
-        QTest::addColumn<int>("line");
-        QTest::addColumn<QString>("stored");
-        const auto row = [](const char *name, const QString &field, const QString &control,
-                            const QString &text, const QString &message, int line, const QString &stored) {
-            QTest::newRow(name) << field << control << text << message << line << stored;
-        };
-        row("width", u"Year"_s, u"txtWidth"_s, u"1.25"_s, {}, 19, u"1.25"_s);
-        row("no width", u"Year"_s, u"txtWidth"_s, u"wide"_s,
-            u"You must enter a valid number for the column width"_s, 19, u"0.5"_s);
-        row("huge width", u"Year"_s, u"txtWidth"_s, u"1e39"_s,
-            u"You must enter a valid number for the column width"_s, 19, u"0.5"_s);
-        row("beginning", u"Notes"_s, u"txtStarting"_s, u"O'N*"_s, {}, 14, u"O'N*"_s);
-        row("semicolon", u"Notes"_s, u"txtStarting"_s, u"a;b"_s, u"A semicolon cannot be used here."_s, 14,
-            {});
-        row("below", u"Year"_s, u"txtLess"_s, u"$1,000"_s, {}, 17, u"1000"_s);
-        row("no number", u"Year"_s, u"txtLess"_s, u"abc"_s, numberMessage, 17, {});
-        row("above", u"Year"_s, u"txtGreater"_s, u"-2.50"_s, {}, 18, u"-2.50"_s);
-        row("first date", u"Date Sold"_s, u"dcStartDate"_s, u"1 Jan 2005"_s, {}, 15, u"38353"_s);
-        row("no date", u"Date Sold"_s, u"dcEndDate"_s, u"32"_s, dateMessage, 16, u"0"_s);
-        row("time", u"Struck"_s, u"txtStartTime"_s, u"10:30"_s, {}, 15, u"0.4375"_s);
-        row("time with its date", u"Struck"_s, u"txtEndTime"_s, u"1/1/2005 18:00"_s, {}, 16, u"38353.75"_s);
-        row("no time", u"Struck"_s, u"txtEndTime"_s, u"25:00"_s, timeMessage, 16, u"0"_s);
-    }
+    void details_data() { cases::add(); }
     void details()
     {
-        QFETCH(QString, field);
-        QFETCH(QString, control);
-        QFETCH(QString, text);
-        QFETCH(QString, message);
-        QFETCH(int, line);
-        QFETCH(QString, stored);
+        const auto [field, control, text, number, stored, message] = cases::row<6>();
+        const int line = number.toInt();
         for (const bool byMenu : {true, false}) {
             Designer d;
             d.add(field);

@@ -1,9 +1,6 @@
 // The report designer as the main window opens it.
 #include "custom_reports/windows/frmRptSpec.h"
 #include "editor/EditorFixture.h"
-#include <QApplication>
-#include <QFile>
-#include <QListWidget>
 
 using namespace obelmark;
 

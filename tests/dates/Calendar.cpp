@@ -2,14 +2,9 @@
 #include "dates/windows/DateField.h"
 #include "dates/windows/DatePicker.h"
 #include "runtime/Formats.h"
+#include "support/Cases.h"
 #include "support/GuiDriver.h"
 #include "support/ScriptedDesktop.h"
-#include <QHeaderView>
-#include <QLineEdit>
-#include <QScreen>
-#include <QTableWidget>
-#include <QToolButton>
-#include <QVBoxLayout>
 
 using namespace obelmark;
 using namespace Qt::StringLiterals;
@@ -93,50 +88,18 @@ class CalendarTest : public QObject
 {
     Q_OBJECT
 private slots:
-    void picking_data()
-    {
-        QTest::addColumn<QString>("locale");
-        QTest::addColumn<QString>("pattern");
-        QTest::addColumn<QDate>("start");
-        QTest::addColumn<QString>("steps");
-        QTest::addColumn<QString>("text");
-        const auto row = [](QDate start, const QString &steps, const QString &text,
-                            const QString &locale = u"en_US"_s, const QString &pattern = {}) {
-            QTest::addRow("%s, %s", qPrintable(steps), qPrintable(text))
-                << locale << pattern << start << steps << text;
-        };
-        const QDate april(2005, 4, 20);
-        row(april, u"3"_s, u"4/3/2005"_s);
-        row(april, u"3"_s, u"03.04.2005"_s, u"de_DE"_s);
-        row(april, u"3"_s, u"2005/04/03"_s, u"ja_JP"_s);
-        row(april, u"3"_s, u"2005/03/04"_s, u"en_US"_s, u"yyyy/dd/MM"_s);
-        row(april, u"20"_s, u"4/20/2005"_s);
-        row(QDate(100, 2, 28), u"3"_s, u"2/3/0100"_s);
-        row(QDate(9999, 12, 31), u"3"_s, u"12/3/9999"_s);
-        row(QDate(2005, 3, 31), u"Spin1Down, =February 1 2005, Spin1Up, Spin2Up, Spin2Up, Spin2Down, 31"_s,
-            u"3/31/2006"_s);
-        row(april, u"Return"_s, u"4/20/2005"_s);
-        row(QDate(2005, 4, 2), u"Up, Left, Left, =April 1 2005, End, Right, Down, =April 30 2005, Escape"_s,
-            u"4/2/2005"_s);
-        row(april, u"Home, Right, Right, Down, Enter"_s, u"4/10/2005"_s);
-        row(april, u"Right, PgDown, Ctrl+PgDown, =May 21 2006, PgUp, PgUp, Ctrl+PgUp, Return"_s,
-            u"3/21/2005"_s);
-        row(april, u"Spin1Up, Right, Escape"_s, u"4/20/2005"_s);
-        row(april, u"close"_s, u"4/20/2005"_s);
-    }
+    void picking_data() { cases::add(); }
     void picking()
     {
-        QFETCH(QString, locale);
-        QFETCH(QString, pattern);
-        QFETCH(QDate, start);
-        QFETCH(QString, steps);
-        Form form(pattern.isEmpty() ? RegionalSettings(QLocale(locale))
-                                    : RegionalSettings(QLocale(locale), pattern));
-        QVERIFY(form.pick(start, [&](QWidget &calendar) {
+        const auto [day, steps, text, region, pattern] = cases::row<5>();
+        const QDate start = QDate::fromString(day, Qt::ISODate);
+        const QLocale locale(region.isEmpty() ? u"en_US"_s : region);
+        Form form(pattern.isEmpty() ? RegionalSettings(locale) : RegionalSettings(locale, pattern));
+        QVERIFY(form.pick(start, [&, steps = steps](QWidget &calendar) {
             act(calendar, steps);
             QVERIFY(!calendar.isVisible());
         }));
-        QTEST(form.field.text(), "text");
+        QCOMPARE(form.field.text(), text);
         QCOMPARE(formatShortDate(form.shared.PickDate, form.shared.regional), form.field.text());
         gui::activate(form.window);
         QVERIFY(gui::waitUntil([&] { return form.next.hasFocus(); }, "focus moved on"));
@@ -149,36 +112,11 @@ private slots:
         QCOMPARE(form.desktop.calls().size(), 0);
     }
 
-    void secondHalfOfADoubleClick_data()
-    {
-        QTest::addColumn<int>("afterMs");
-        QTest::addColumn<QPoint>("away");
-        QTest::addColumn<bool>("arrives");
-        QTest::newRow("of the same double click") << 150 << QPoint(2, 1) << false;
-        QTest::newRow("a later click") << 900 << QPoint() << true;
-        QTest::newRow("a click elsewhere") << 150 << QPoint(40, 0) << true;
-    }
+    /// The second half of the double click that chose the day goes nowhere; any other click arrives.
     void secondHalfOfADoubleClick()
     {
-        QFETCH(int, afterMs);
-        QFETCH(QPoint, away);
-        Form form;
-        QPoint place;
-        QVERIFY(form.pick(QDate(2005, 4, 20), [&](QWidget &calendar) {
-            const QTableWidget &days = grid(calendar);
-            place = days.viewport()->mapToGlobal(days.visualItemRect(days.currentItem()).center());
-            clickDay(calendar, 20);
-        }));
-        const ulong clicked = QTest::lastMouseTimestamp - ulong(QTest::mouseDoubleClickInterval);
-        gui::activate(form.window);
-        QVERIFY(gui::waitUntil([&] { return form.next.hasFocus(); }, "focus moved on"));
-        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-            QMouseEvent event(type, form.field.geometry().center(), place + away, Qt::LeftButton,
-                              Qt::LeftButton, {});
-            event.setTimestamp(clicked + ulong(afterMs));
-            QCoreApplication::sendEvent(form.window.windowHandle(), &event);
-        }
-        QTEST(form.field.hasFocus(), "arrives");
+        for (const auto &[afterMs, away] : {std::pair(150, QPoint(2, 1)), {900, {}}, {150, {40, 0}}})
+            QCOMPARE(arrives(ulong(afterMs), away), afterMs == 900 || away.x() == 40);
     }
 
     void cellsWithoutADay()
@@ -209,30 +147,20 @@ private slots:
         }
     }
 
-    void opens_data()
-    {
-        QTest::addColumn<QString>("locale");
-        QTest::addColumn<QString>("shown");
-        QTest::addColumn<QString>("weekdays");
-        QTest::newRow("US") << u"en_US"_s << u"March 3 1852"_s
-                            << u" Sun | Mon | Tue | Wed | Thu | Fri | Sat "_s;
-        QTest::newRow("German") << u"de_DE"_s << u"März 3 1852"_s << u" So | Mo | Di | Mi | Do | Fr | Sa "_s;
-        QTest::newRow("Japanese") << u"ja_JP"_s << u"3月 3 1852"_s << u" 日 | 月 | 火 | 水 | 木 | 金 | 土 "_s;
-    }
+    void opens_data() { cases::add(); }
     void opens()
     {
-        QFETCH(QString, locale);
-        QFETCH(QString, shown);
-        QFETCH(QString, weekdays);
+        const auto [locale, expected, names] = cases::row<3>();
+        const QString shown = expected, weekdays = names;
         Form form{RegionalSettings(QLocale(locale))};
         QVERIFY(form.pick(QDate(1852, 3, 3), [&](QWidget &calendar) {
             QCOMPARE(calendar.windowTitle(), u"Select Sold Date"_s);
             QCOMPARE(page(calendar), shown);
             QTableWidget &days = grid(calendar);
-            QStringList names;
+            QStringList heads;
             for (int column = 0; column < days.columnCount(); ++column)
-                names += days.item(0, column)->text();
-            QCOMPARE(names.join(u'|').remove(u'.'), weekdays);
+                heads += days.item(0, column)->text();
+            QCOMPARE(heads.join(u'|').remove(u'.'), weekdays);
             QCOMPARE(days.selectedItems(), QList{days.currentItem()});
             QCOMPARE(days.horizontalHeader()->length(), days.viewport()->width());
             QCOMPARE(days.verticalHeader()->length(), days.viewport()->height());
@@ -250,27 +178,17 @@ private slots:
         }));
     }
 
-    void place_data()
-    {
-        QTest::addColumn<QRect>("field");
-        QTest::addColumn<bool>("below");
-        QTest::addColumn<QPoint>("place");
-        const QRect inside(500, 500, 120, 20);
-        QTest::newRow("above") << inside << false << QPoint(370, 340);
-        QTest::newRow("below") << inside << true << QPoint(370, 540);
-        QTest::newRow("at the left") << QRect(10, 500, 120, 20) << false << QPoint(0, 340);
-        QTest::newRow("at the top") << QRect(500, 100, 120, 20) << false << QPoint(370, 30);
-        QTest::newRow("at the bottom") << QRect(500, 760, 120, 20) << false << QPoint(370, 600);
-        QTest::newRow("at the bottom, below") << QRect(500, 760, 120, 20) << true << QPoint(370, 600);
-        QTest::newRow("over the right edge") << QRect(950, 500, 120, 20) << false << QPoint(750, 340);
-    }
+    void place_data() { cases::add(); }
     void place()
     {
-        QFETCH(QRect, field);
-        QFETCH(bool, below);
-        QFETCH(QPoint, place);
+        const auto [name, at, below, expected] = cases::row<4>();
+        const auto point = [](const QString &text) {
+            return QPoint(text.section(u' ', 0, 0).toInt(), text.section(u' ', 1).toInt());
+        };
+        const QRect field(point(at), QSize(120, 20));
+        const QPoint place = point(expected);
         const QRect screen(0, 30, 1000, 770);
-        const CalendarEdge edge = below ? CalendarEdge::Top : CalendarEdge::Bottom;
+        const CalendarEdge edge = !below.isEmpty() ? CalendarEdge::Top : CalendarEdge::Bottom;
         const QPoint offsets[] = {QPoint(0, 0), QPoint(-1920, -200)}; // also a screen left of the main one
         for (const QPoint offset : offsets)
             QCOMPARE(
@@ -293,6 +211,29 @@ private slots:
         form.window.move(screen.topLeft());
         QVERIFY(form.pick(QDate(2005, 4, 20),
                           [&](QWidget &calendar) { QVERIFY(screen.contains(calendar.frameGeometry())); }));
+    }
+
+private:
+    /// Whether a click on the field, so long after the one that chose a day and so far from it, is one.
+    static bool arrives(ulong afterMs, QPoint away)
+    {
+        Form form;
+        QPoint place;
+        form.pick(QDate(2005, 4, 20), [&](QWidget &calendar) {
+            const QTableWidget &days = grid(calendar);
+            place = days.viewport()->mapToGlobal(days.visualItemRect(days.currentItem()).center());
+            clickDay(calendar, 20);
+        });
+        const ulong clicked = QTest::lastMouseTimestamp - ulong(QTest::mouseDoubleClickInterval);
+        gui::activate(form.window);
+        gui::waitUntil([&] { return form.next.hasFocus(); }, "focus moved on");
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            QMouseEvent event(type, form.field.geometry().center(), place + away, Qt::LeftButton,
+                              Qt::LeftButton, {});
+            event.setTimestamp(clicked + afterMs);
+            QCoreApplication::sendEvent(form.window.windowHandle(), &event);
+        }
+        return form.field.hasFocus();
     }
 };
 

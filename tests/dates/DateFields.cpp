@@ -1,7 +1,6 @@
 #include "editor/EditorFixture.h"
 #include "runtime/Formats.h"
-#include <QStyleOptionComboBox>
-#include <QTableWidget>
+#include "support/Cases.h"
 
 using namespace obelmark;
 
@@ -22,71 +21,35 @@ void clickArrow(DateField &field)
     QTest::mouseClick(&field, Qt::LeftButton, {}, arrow.center());
 }
 
-using Open = void (*)(DateField &);
-const Open byArrow = [](DateField &field) { clickArrow(field); };
-const Open byF4 = [](DateField &) { gui::press(Qt::Key_F4); };
-const Open byAltDown = [](DateField &) { gui::press(Qt::Key_Down, Qt::AltModifier); };
-
-QString today()
-{
-    return formatShortDate(Date::today(), RegionalSettings(QLocale(u"en_US"_s)));
-}
-
 } // namespace
-Q_DECLARE_METATYPE(Open)
 
 /// The date fields of the main window, with their calendar.
 class DateFieldsTest : public QObject
 {
     Q_OBJECT
 private slots:
-    void calendarOfAField_data()
-    {
-        QTest::addColumn<QString>("field");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<Open>("open");
-        QTest::addColumn<QString>("caption");
-        QTest::addColumn<int>("key");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("next");
-        const auto row = [](const QString &field, const QString &typed, Open open, const QString &caption,
-                            Qt::Key key, const QString &text, const QString &next) {
-            QTest::addRow("%s, %s", qPrintable(field), qPrintable(typed))
-                << field << typed << open << caption << int(key) << text << next;
-        };
-        // The issue date in the century of the coin.
-        row(u"dcIssueDate"_s, u"7/4/76"_s, byArrow, u"Select Issue Date"_s, Qt::Key_Return, u"7/4/1876"_s,
-            u"cmbBou"_s);
-        row(u"dcIssueDate"_s, u"soon"_s, byF4, u"Select Issue Date"_s, Qt::Key_Escape, u"1/1/1876"_s,
-            u"cmbBou"_s);
-        row(u"dcPurchaseDate"_s, u"4/3/05"_s, byAltDown, u"Select Purchase Date"_s, Qt::Key_Escape,
-            u"4/3/2005"_s, u"txtCatValue"_s);
-        row(u"dcPurchaseDate"_s, QString(), byArrow, u"Select Purchase Date"_s, Qt::Key_Escape, today(),
-            u"txtCatValue"_s);
-        row(u"dcSoldDate"_s, u"soon"_s, byF4, u"Select Sold Date"_s, Qt::Key_Return, today(),
-            u"chkForSale"_s);
-    }
+    void calendarOfAField_data() { cases::add(); }
     void calendarOfAField()
     {
-        QFETCH(QString, field);
-        QFETCH(QString, typed);
-        QFETCH(Open, open);
-        QFETCH(QString, caption);
-        QFETCH(int, key);
-        QFETCH(QString, text);
-        QFETCH(QString, next);
+        const auto [field, typed, open, caption, closing, text, next] = cases::row<7>();
+        const auto press = [](const QString &key) {
+            gui::press(QKeySequence(key)[0].key(), QKeySequence(key)[0].keyboardModifiers());
+        };
+        const QString today = formatShortDate(Date::today(), RegionalSettings(QLocale(u"en_US"_s)));
         EditorFixture e(oneCoin);
         e.start();
         e.typeInto(field, typed);
-        QVERIFY(gui::withDialog([&] { open(e.date(field)); },
-                                [&](QWidget &calendar) {
-                                    QCOMPARE(calendar.objectName(), u"frmDateEnt"_s);
-                                    QCOMPARE(calendar.windowTitle(), caption);
-                                    gui::press(Qt::Key(key));
-                                }));
-        QCOMPARE(e.date(field).text(), text);
+        QVERIFY(gui::withDialog(
+            [&, field = field, open = open] { open == u"arrow" ? clickArrow(e.date(field)) : press(open); },
+            [&, caption = caption, closing = closing](QWidget &calendar) {
+                QCOMPARE(calendar.objectName(), u"frmDateEnt"_s);
+                QCOMPARE(calendar.windowTitle(), caption);
+                press(closing);
+            }));
+        QCOMPARE(e.date(field).text(), text == u"today" ? today : text);
         gui::activate(*e.window);
-        QVERIFY(gui::waitUntil([&] { return e.the<QWidget>(next).hasFocus(); }, "focus moved on"));
+        QVERIFY(
+            gui::waitUntil([&, next = next] { return e.the<QWidget>(next).hasFocus(); }, "focus moved on"));
         QVERIFY(e.isEditing());
         QCOMPARE(e.desktop.calls().size(), 0); // no complaint of a wrong date that has been replaced
     }

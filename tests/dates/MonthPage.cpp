@@ -1,7 +1,6 @@
 #include "dates/MonthPage.h"
 
-#include <QRandomGenerator>
-#include <QTest>
+#include "support/Cases.h"
 
 using namespace obelmark;
 using namespace Qt::StringLiterals;
@@ -45,34 +44,13 @@ private slots:
         }
     }
 
-    void stepping_data()
-    {
-        QTest::addColumn<QDate>("from");
-        QTest::addColumn<int>("months");
-        QTest::addColumn<QDate>("to"); // null where the step is refused
-        QTest::newRow("back over New Year") << QDate(2005, 1, 15) << -1 << QDate(2004, 12, 15);
-        QTest::newRow("on over New Year") << QDate(2004, 12, 15) << 1 << QDate(2005, 1, 15);
-        QTest::newRow("31 March to February") << QDate(2005, 3, 31) << -1 << QDate(2005, 2, 1);
-        QTest::newRow("31 March to April") << QDate(2005, 3, 31) << 1 << QDate(2005, 4, 1);
-        QTest::newRow("30 March to April") << QDate(2005, 3, 30) << 1 << QDate(2005, 4, 30);
-        QTest::newRow("29 February, a year on") << QDate(2004, 2, 29) << 12 << QDate(2005, 2, 1);
-        QTest::newRow("29 February, a year back") << QDate(2004, 2, 29) << -12 << QDate(2003, 2, 1);
-        QTest::newRow("year on") << QDate(1899, 12, 31) << 12 << QDate(1900, 12, 31);
-        QTest::newRow("to the first year") << QDate(101, 7, 4) << -12 << QDate(100, 7, 4);
-        QTest::newRow("before the first month") << QDate(100, 1, 31) << -1 << QDate();
-        QTest::newRow("before the first year") << QDate(100, 12, 31) << -12 << QDate();
-        QTest::newRow("to the last month") << QDate(9999, 11, 30) << 1 << QDate(9999, 12, 30);
-        QTest::newRow("after the last month") << QDate(9999, 12, 1) << 1 << QDate();
-        QTest::newRow("after the last year") << QDate(9999, 1, 1) << 12 << QDate();
-        QTest::newRow("before the first number") << QDate(100, 1, 1) << -1'201 << QDate();
-    }
+    void stepping_data() { cases::add(); }
     void stepping()
     {
-        QFETCH(QDate, from);
-        QFETCH(int, months);
-        QFETCH(QDate, to);
+        const auto [name, start, months, end] = cases::row<4>();
+        const QDate from = QDate::fromString(start, Qt::ISODate), to = QDate::fromString(end, Qt::ISODate);
         MonthPage page(from);
-        QCOMPARE(page.step(months), to.isValid());
+        QCOMPARE(page.step(months.toInt()), to.isValid());
         QCOMPARE(page.chosen(), to.isValid() ? to : from);
     }
 };

@@ -1,12 +1,7 @@
 // Every topic that the program asks for has its page, and nothing in the help leads nowhere. The windows and
 // the help are read as source files, so that a window is covered from the day it is written.
-#include <QDir>
-#include <QDirIterator>
-#include <QFile>
-#include <QImageReader>
-#include <QRegularExpression>
-#include <QSet>
-#include <QTest>
+#include <QtGui>
+#include <QtTest>
 
 using namespace Qt::StringLiterals;
 

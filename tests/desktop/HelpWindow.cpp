@@ -1,19 +1,10 @@
 #include "desktop/qt/HelpWindow.h"
 #include "desktop/qt/TopicBrowser.h"
+#include "support/Cases.h"
 #include "support/GuiDriver.h"
 
-#include <QDialog>
-#include <QDir>
-#include <QFile>
 #include <QHelpContentWidget>
 #include <QHelpIndexWidget>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
-#include <QScrollBar>
-#include <QTabWidget>
-#include <QTemporaryDir>
 
 using namespace obelmark;
 using namespace Qt::StringLiterals;
@@ -46,23 +37,11 @@ private slots:
         m_window->setHelpFile(helpFile);
     }
 
-    void topic_data()
-    {
-        QTest::addColumn<int>("topic");
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<QString>("phrase");
-        QTest::newRow("first") << 8 << u"The Main Window"_s << u"press add new"_s;
-        QTest::newRow("field") << 22 << u"Catalog Number"_s << u"up to 30 characters"_s;
-        QTest::newRow("menu") << 58 << u"The File Menu"_s << u"pack database"_s;
-        QTest::newRow("no text") << 777 << u"Topic 777"_s << u"no text on this topic in the help file yet"_s;
-    }
-
+    void topic_data() { cases::add(); }
     void topic()
     {
-        QFETCH(int, topic);
-        QFETCH(QString, title);
-        QFETCH(QString, phrase);
-        m_window->showTopic(topic);
+        const auto [number, title, phrase] = cases::row<3>();
+        m_window->showTopic(number.toInt());
         QVERIFY(gui::activate(*m_window));
         QCOMPARE(browser().documentTitle(), title);
         QVERIFY2(text().contains(phrase, Qt::CaseInsensitive), qPrintable(text()));
@@ -88,22 +67,10 @@ private slots:
         QCOMPARE(tree.currentIndex().data().toString(), u"The Sort Menu"_s);
     }
 
-    void search_data()
-    {
-        QTest::addColumn<QString>("words");
-        QTest::addColumn<QString>("firstHit");
-        QTest::addColumn<QString>("notAmong");
-        QTest::newRow("word of a title before those of texts") << u"QUANTITY"_s << u"Quantity"_s << u"Mint"_s;
-        QTest::newRow("all words, parts of words")
-            << u"hyph  catalog year"_s << u"The Sort Menu"_s << u"Catalog Number"_s;
-        QTest::newRow("no page") << u"zyxw"_s << QString() << QString();
-    }
-
+    void search_data() { cases::add(); }
     void search()
     {
-        QFETCH(QString, words);
-        QFETCH(QString, firstHit);
-        QFETCH(QString, notAmong);
+        const auto [name, words, firstHit, notAmong] = cases::row<4>();
         m_window->showSearch();
         QVERIFY(gui::activate(*m_window));
         QVERIFY(gui::find<QLineEdit>(*m_window, u"txtSearch"_s).hasFocus());
@@ -153,44 +120,37 @@ private slots:
         QCOMPARE(browser().source(), pageOf(8));
     }
 
-    void unreadableFile_data()
-    {
-        QTest::addColumn<std::optional<QByteArray>>("content");
-        QTest::newRow("missing") << std::optional<QByteArray>();
-        QTest::newRow("empty") << std::optional<QByteArray>(QByteArray());
-        QTest::newRow("garbage") << std::optional<QByteArray>(QByteArray(5000, 'x'));
-        QFile help(helpFile);
-        QVERIFY(help.open(QIODevice::ReadOnly));
-        QTest::newRow("cut off") << std::optional<QByteArray>(help.read(3000));
-    }
-
     /// The browser names the file; once the file is there, the same window shows it.
     void unreadableFile()
     {
-        QFETCH(std::optional<QByteArray>, content);
-        const QTemporaryDir folder;
-        const QString path = folder.filePath(u"<i>coin & <b>co.hlp"_s);
-        if (content) {
-            QFile file(path);
-            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(*content) == content->size());
+        QFile help(helpFile);
+        QVERIFY(help.open(QIODevice::ReadOnly));
+        for (const std::optional<QByteArray> &content :
+             {std::optional<QByteArray>(), {QByteArray()}, {QByteArray(5000, 'x')}, {help.read(3000)}}) {
+            const QTemporaryDir folder;
+            const QString path = folder.filePath(u"<i>coin & <b>co.hlp"_s);
+            if (content) {
+                QFile file(path);
+                QVERIFY(file.open(QIODevice::WriteOnly) && file.write(*content) == content->size());
+            }
+
+            m_window->setHelpFile(path);
+            m_window->showTopic(8);
+            m_window->showSearch();
+            QVERIFY(gui::activate(*m_window));
+            QVERIFY2(text().contains(path), qPrintable(text()));
+            QVERIFY(gui::type(u"coin"_s));
+            QCOMPARE(gui::find<QListWidget>(*m_window, u"lstHits"_s).count(), 0);
+            m_window->showHelpOnHelp();
+            QCOMPARE(browser().documentTitle(), u"Using Help"_s);
+
+            QFile::remove(path);
+            QVERIFY(QFile::copy(helpFile, path));
+            m_window->setHelpFile(path);
+            m_window->showTopic(8);
+            QCOMPARE(browser().documentTitle(), u"The Main Window"_s);
+            QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
         }
-
-        m_window->setHelpFile(path);
-        m_window->showTopic(8);
-        m_window->showSearch();
-        QVERIFY(gui::activate(*m_window));
-        QVERIFY2(text().contains(path), qPrintable(text()));
-        QVERIFY(gui::type(u"coin"_s));
-        QCOMPARE(gui::find<QListWidget>(*m_window, u"lstHits"_s).count(), 0);
-        m_window->showHelpOnHelp();
-        QCOMPARE(browser().documentTitle(), u"Using Help"_s);
-
-        QFile::remove(path);
-        QVERIFY(QFile::copy(helpFile, path));
-        m_window->setHelpFile(path);
-        m_window->showTopic(8);
-        QCOMPARE(browser().documentTitle(), u"The Main Window"_s);
-        QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
     }
 
     /// A page cannot lead out of the help file.
@@ -213,49 +173,31 @@ private slots:
         QCOMPARE(browser().source(), pageOf(17));
     }
 
-    void everythingIsReachedWithTab()
-    {
-        m_window->showContents();
-        QVERIFY(gui::activate(*m_window));
-        QVERIFY(gui::focusByTab(browser()));
-        QVERIFY(gui::focusByTab(gui::find<QPushButton>(*m_window, u"cmdContents"_s)));
-        QVERIFY(gui::focusByTab(gui::find<QHelpContentWidget>(*m_window, u"treContents"_s)));
-        QVERIFY(gui::press(Qt::Key_S, Qt::AltModifier));
-        QVERIFY(gui::focusByTab(gui::find<QLineEdit>(*m_window, u"txtSearch"_s)));
-        QVERIFY(gui::press(Qt::Key_Tab));
-        QVERIFY(gui::find<QListWidget>(*m_window, u"lstHits"_s).hasFocus());
-    }
-
-    void usableBesideDialog_data()
-    {
-        QTest::addColumn<bool>("shownBefore");
-        QTest::newRow("help opened in the dialog") << false;
-        QTest::newRow("help already open") << true;
-    }
-
     /// Help asked for in a dialog is not blocked by it, and outlives it.
     void usableBesideDialog()
     {
-        QFETCH(bool, shownBefore);
-        if (shownBefore)
-            m_window->showContents();
-        {
-            QDialog dialog;
-            const QPushButton button(&dialog);
-            QVERIFY(gui::withDialog([&] { dialog.exec(); },
-                                    [&](QWidget &) {
-                                        m_window->showTopic(8);
-                                        QVERIFY(gui::activate(*m_window));
-                                        m_window->showTopic(17);
-                                        QVERIFY(gui::click(gui::find<QPushButton>(*m_window, u"cmdBack"_s)));
-                                        QCOMPARE(browser().source(), pageOf(8));
-                                    }));
+        for (const bool shownBefore : {false, true}) {
+            if (shownBefore)
+                m_window->showContents();
+            {
+                QDialog dialog;
+                const QPushButton button(&dialog);
+                QVERIFY(gui::withDialog([&] { dialog.exec(); },
+                                        [&](QWidget &) {
+                                            m_window->showTopic(8);
+                                            QVERIFY(gui::activate(*m_window));
+                                            m_window->showTopic(17);
+                                            QVERIFY(
+                                                gui::click(gui::find<QPushButton>(*m_window, u"cmdBack"_s)));
+                                            QCOMPARE(browser().source(), pageOf(8));
+                                        }));
+            }
+            QVERIFY(m_window->isVisible());
+            m_window->showTopic(17);
+            QVERIFY(gui::activate(*m_window));
+            QVERIFY(gui::click(gui::find<QPushButton>(*m_window, u"cmdBack"_s)));
+            QCOMPARE(browser().source(), pageOf(8));
         }
-        QVERIFY(m_window->isVisible());
-        m_window->showTopic(17);
-        QVERIFY(gui::activate(*m_window));
-        QVERIFY(gui::click(gui::find<QPushButton>(*m_window, u"cmdBack"_s)));
-        QCOMPARE(browser().source(), pageOf(8));
     }
 
     void picturesFitThePage()

@@ -2,22 +2,6 @@
 #include "desktop/qt/DropDownStyle.h"
 #include "support/GuiDriver.h"
 
-#include <QAbstractItemView>
-#include <QAccessible>
-#include <QApplication>
-#include <QComboBox>
-#include <QDir>
-#include <QFileDialog>
-#include <QInputDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QProcess>
-#include <QProgressDialog>
-#include <QPushButton>
-#include <QScreen>
-#include <QTemporaryDir>
-#include <QTimer>
 #include <cstdio>
 
 using namespace obelmark;
@@ -44,188 +28,149 @@ private:
 private slots:
     void init() { QVERIFY(gui::activate(m_window)); }
 
-    void message_data()
-    {
-        QTest::addColumn<Desktop::Icon>("icon");
-        QTest::addColumn<QMessageBox::Icon>("shown");
-        QTest::newRow("none") << Desktop::Icon::None << QMessageBox::NoIcon;
-        QTest::newRow("exclamation") << Desktop::Icon::Exclamation << QMessageBox::Warning;
-        QTest::newRow("critical") << Desktop::Icon::Critical << QMessageBox::Critical;
-    }
     void message()
     {
-        QFETCH(Desktop::Icon, icon);
-        QFETCH(QMessageBox::Icon, shown);
-        QVERIFY(gui::withDialog([&] { m_desktop.showMessage(markup, u"File Exists"_s, icon); },
-                                [&](QWidget &dialog) {
-                                    auto *box = qobject_cast<QMessageBox *>(&dialog);
-                                    QVERIFY(box);
-                                    QCOMPARE(box->windowTitle(), u"File Exists"_s);
-                                    QCOMPARE(box->icon(), shown);
-                                    QCOMPARE(box->standardButtons(), QMessageBox::Ok);
-                                    QCOMPARE(box->parentWidget(), &m_window);
-                                    auto &label = gui::find<QLabel>(dialog, u"qt_msgbox_label"_s);
-                                    QCOMPARE(label.text(), markup);
-                                    QCOMPARE(label.textFormat(), Qt::PlainText);
-                                    QVERIFY(gui::press(Qt::Key_Escape));
-                                    QVERIFY(!box->isVisible());
-                                }));
+        for (const auto &[icon, shown] : {std::pair(Desktop::Icon::None, QMessageBox::NoIcon),
+                                          {Desktop::Icon::Exclamation, QMessageBox::Warning},
+                                          {Desktop::Icon::Critical, QMessageBox::Critical}}) {
+            QVERIFY(gui::withDialog([&] { m_desktop.showMessage(markup, u"File Exists"_s, icon); },
+                                    [&](QWidget &dialog) {
+                                        auto *box = qobject_cast<QMessageBox *>(&dialog);
+                                        QCOMPARE(box->windowTitle(), u"File Exists"_s);
+                                        QCOMPARE(box->icon(), shown);
+                                        QCOMPARE(box->standardButtons(), QMessageBox::Ok);
+                                        QCOMPARE(box->parentWidget(), &m_window);
+                                        auto &label = gui::find<QLabel>(dialog, u"qt_msgbox_label"_s);
+                                        QCOMPARE(label.text(), markup);
+                                        QCOMPARE(label.textFormat(), Qt::PlainText);
+                                        QVERIFY(gui::press(Qt::Key_Escape));
+                                        QVERIFY(!box->isVisible());
+                                    }));
+        }
     }
 
-    void typingIntoDropDownList_data()
-    {
-        QTest::addColumn<bool>("open");
-        QTest::newRow("closed") << false;
-        QTest::newRow("opened by a blank that follows nothing") << true;
-    }
     void typingIntoDropDownList()
     {
-        QFETCH(bool, open);
-        DropDownStyle style;
-        QComboBox list(&m_window);
-        list.setStyle(&style);
-        list.addItems({u"Uganda"_s, u"United Arab Emirates"_s, u"United States"_s, u"Vatican"_s});
-        list.show();
-        list.setFocus();
-        if (open)
-            QTest::keyClick(&list, Qt::Key_Space);
-        QCOMPARE(list.view()->isVisible(), open);
-        QWidget *typedInto = open ? static_cast<QWidget *>(list.view()) : &list;
-        QTest::keyClicks(typedInto, u"united s"_s);
-        QCOMPARE(list.view()->isVisible(), open);
-        QTest::keyClick(typedInto, Qt::Key_Return);
-        QCOMPARE(list.currentText(), u"United States"_s);
-        m_field.setFocus();
-    }
-
-    void longText_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("one long word") << u"Could not find file '"_s + QString(400, u'W') + u"'."_s;
-        QTest::newRow("a page of text") << u"3075  Syntax error in query expression "_s.repeated(100);
+        for (const bool open : {false, true}) {
+            DropDownStyle style;
+            QComboBox list(&m_window);
+            list.setStyle(&style);
+            list.addItems({u"Uganda"_s, u"United Arab Emirates"_s, u"United States"_s, u"Vatican"_s});
+            list.show();
+            list.setFocus();
+            if (open) // by a blank that follows nothing
+                QTest::keyClick(&list, Qt::Key_Space);
+            QCOMPARE(list.view()->isVisible(), open);
+            QWidget *typedInto = open ? static_cast<QWidget *>(list.view()) : &list;
+            QTest::keyClicks(typedInto, u"united s"_s);
+            QCOMPARE(list.view()->isVisible(), open);
+            QTest::keyClick(typedInto, Qt::Key_Return);
+            QCOMPARE(list.currentText(), u"United States"_s);
+            m_field.setFocus();
+        }
     }
 
     /// Nothing is cut off at the edge of the box or of the screen, and the whole text can be read.
     void longText()
     {
-        QFETCH(QString, text);
-        QVERIFY(gui::withDialog([&] { m_desktop.showMessage(text); },
-                                [&](QWidget &dialog) {
-                                    QVERIFY(dialog.screen()->availableGeometry().contains(dialog.geometry()));
-                                    auto &label = gui::find<QLabel>(dialog, u"qt_msgbox_label"_s);
-                                    const QRect needed = label.fontMetrics().boundingRect(
-                                        label.contentsRect(), Qt::TextWordWrap, label.text());
-                                    QVERIFY(needed.width() <= label.width());
-                                    QVERIFY(needed.height() <= label.height());
-                                    auto *box = qobject_cast<QMessageBox *>(&dialog);
-                                    const QString shown = label.text().remove(u'\u200B');
-                                    QVERIFY(shown == text || box->detailedText() == text);
-                                    QVERIFY(gui::press(Qt::Key_Return));
-                                    QVERIFY(!box->isVisible());
-                                }));
-        QVERIFY(gui::withDialog([&] { m_desktop.askText(text, u"Sold Some"_s); },
-                                [](QWidget &dialog) {
-                                    QVERIFY(dialog.width() <= dialog.screen()->availableGeometry().width());
-                                }));
+        for (const QString &text : {u"Could not find file '"_s + QString(400, u'W') + u"'."_s,
+                                    u"3075  Syntax error in query expression "_s.repeated(100)}) {
+            QVERIFY(gui::withDialog([&] { m_desktop.showMessage(text); },
+                                    [&](QWidget &dialog) {
+                                        QVERIFY(
+                                            dialog.screen()->availableGeometry().contains(dialog.geometry()));
+                                        auto &label = gui::find<QLabel>(dialog, u"qt_msgbox_label"_s);
+                                        const QRect needed = label.fontMetrics().boundingRect(
+                                            label.contentsRect(), Qt::TextWordWrap, label.text());
+                                        QVERIFY(needed.width() <= label.width());
+                                        QVERIFY(needed.height() <= label.height());
+                                        auto *box = qobject_cast<QMessageBox *>(&dialog);
+                                        const QString shown = label.text().remove(u'\u200B');
+                                        QVERIFY(shown == text || box->detailedText() == text);
+                                        QVERIFY(gui::press(Qt::Key_Return));
+                                        QVERIFY(!box->isVisible());
+                                    }));
+            QVERIFY(gui::withDialog([&] { m_desktop.askText(text, u"Sold Some"_s); },
+                                    [](QWidget &dialog) {
+                                        QVERIFY(dialog.width() <=
+                                                dialog.screen()->availableGeometry().width());
+                                    }));
+        }
     }
 
-    void yesNo_data()
-    {
-        QTest::addColumn<Qt::Key>("key");
-        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
-        QTest::addColumn<Desktop::Answer>("answer");
-        QTest::newRow("Enter is Yes") << Qt::Key_Return << Qt::KeyboardModifiers() << Desktop::Answer::Yes;
-        QTest::newRow("Escape is No") << Qt::Key_Escape << Qt::KeyboardModifiers() << Desktop::Answer::No;
-        QTest::newRow("Alt+N is No") << Qt::Key_N << Qt::KeyboardModifiers(Qt::AltModifier)
-                                     << Desktop::Answer::No;
-    }
     void yesNo()
     {
-        QFETCH(Qt::Key, key);
-        QFETCH(Qt::KeyboardModifiers, modifiers);
-        QFETCH(Desktop::Answer, answer);
-        // The opposite of what is expected.
-        auto given = answer == Desktop::Answer::Yes ? Desktop::Answer::No : Desktop::Answer::Yes;
-        QVERIFY(gui::withDialog([&] { given = m_desktop.askYesNo(markup, u"Delete Coin"_s); },
-                                [&](QWidget &dialog) {
-                                    auto *box = qobject_cast<QMessageBox *>(&dialog);
-                                    QVERIFY(box);
-                                    QCOMPARE(box->windowTitle(), u"Delete Coin"_s);
-                                    QCOMPARE(box->icon(), QMessageBox::NoIcon);
-                                    QCOMPARE(box->text(), markup);
-                                    QCOMPARE(box->textFormat(), Qt::PlainText);
-                                    QCOMPARE(box->standardButtons(), QMessageBox::Yes | QMessageBox::No);
-                                    QVERIFY(gui::press(key, modifiers));
-                                    QVERIFY(
-                                        gui::waitUntil([&] { return !box->isVisible(); }, "the key answers"));
-                                }));
-        QCOMPARE(given, answer);
+        for (const auto &[key, expected] : {std::pair(QKeySequence(Qt::Key_Return), Desktop::Answer::Yes),
+                                            {Qt::Key_Escape, Desktop::Answer::No},
+                                            {Qt::ALT | Qt::Key_N, Desktop::Answer::No}}) {
+            auto given = expected == Desktop::Answer::Yes ? Desktop::Answer::No : Desktop::Answer::Yes;
+            QVERIFY(gui::withDialog([&] { given = m_desktop.askYesNo(markup, u"Delete Coin"_s); },
+                                    [&](QWidget &dialog) {
+                                        auto *box = qobject_cast<QMessageBox *>(&dialog);
+                                        QCOMPARE(box->windowTitle(), u"Delete Coin"_s);
+                                        QCOMPARE(box->icon(), QMessageBox::NoIcon);
+                                        QCOMPARE(box->text(), markup);
+                                        QCOMPARE(box->textFormat(), Qt::PlainText);
+                                        QCOMPARE(box->standardButtons(), QMessageBox::Yes | QMessageBox::No);
+                                        QVERIFY(gui::press(key[0].key(), key[0].keyboardModifiers()));
+                                        QVERIFY(gui::waitUntil([&] { return !box->isVisible(); },
+                                                               "the key answers"));
+                                    }));
+            QCOMPARE(given, expected);
+        }
     }
 
-    void inputBox_data()
-    {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<Qt::Key>("key");
-        QTest::addColumn<std::optional<QString>>("value");
-        QTest::newRow("text") << u"12 <b>"_s << Qt::Key_Return << std::optional(u"12 <b>"_s);
-        QTest::newRow("empty is not cancelled") << QString() << Qt::Key_Return << std::optional(QString());
-        QTest::newRow("cancelled") << QString() << Qt::Key_Escape << std::optional<QString>();
-        QTest::newRow("cancelled after typing") << u"12"_s << Qt::Key_Escape << std::optional<QString>();
-    }
     void inputBox()
     {
-        QFETCH(QString, typed);
-        QFETCH(Qt::Key, key);
-        QFETCH(std::optional<QString>, value);
-        std::optional<QString> given = u"nothing yet"_s;
-        QVERIFY(gui::withDialog([&] { given = m_desktop.askText(markup, u"Sold Some"_s); },
-                                [&](QWidget &dialog) {
-                                    QVERIFY(qobject_cast<QInputDialog *>(&dialog));
-                                    QCOMPARE(dialog.windowTitle(), u"Sold Some"_s);
-                                    QVERIFY(qobject_cast<QLineEdit *>(dialog.focusWidget()));
-                                    comparePrompt(dialog);
-                                    QVERIFY(gui::type(typed));
-                                    QVERIFY(gui::press(key));
-                                }));
-        QCOMPARE(given, value);
+        for (const auto &[typed, key, value] :
+             {std::tuple(u"12 <b>"_s, Qt::Key_Return, std::optional(u"12 <b>"_s)),
+              {QString(), Qt::Key_Return, QString()},
+              {u"12"_s, Qt::Key_Escape, {}}}) {
+            std::optional<QString> given = u"nothing yet"_s;
+            QVERIFY(gui::withDialog([&] { given = m_desktop.askText(markup, u"Sold Some"_s); },
+                                    [&](QWidget &dialog) {
+                                        QVERIFY(qobject_cast<QInputDialog *>(&dialog));
+                                        QCOMPARE(dialog.windowTitle(), u"Sold Some"_s);
+                                        QVERIFY(qobject_cast<QLineEdit *>(dialog.focusWidget()));
+                                        comparePrompt(dialog);
+                                        QVERIFY(gui::type(typed));
+                                        QVERIFY(gui::press(key));
+                                    }));
+            QCOMPARE(given, value);
+        }
     }
 
-    void fileDialogs_data()
-    {
-        QTest::addColumn<bool>("save");
-        QTest::addColumn<QString>("typed");
-        QTest::newRow("save over a file that exists") << true << u"exists.txt"_s;
-        QTest::newRow("save under a name without suffix") << true << u"plain"_s;
-        QTest::newRow("open a file that exists") << false << u"exists.txt"_s;
-        QTest::newRow("open one that is not there") << false << u"missing.rpt"_s;
-    }
     void fileDialogs()
     {
-        QFETCH(bool, save);
-        QFETCH(QString, typed);
-        const QTemporaryDir folder;
-        QVERIFY(QFile(folder.filePath(u"exists.txt"_s)).open(QIODevice::WriteOnly));
+        for (const auto &[save, typed] : {std::pair(true, u"exists.txt"_s),
+                                          {true, u"plain"_s},
+                                          {false, u"exists.txt"_s},
+                                          {false, u"missing.rpt"_s}}) {
+            const QTemporaryDir folder;
+            QVERIFY(QFile(folder.filePath(u"exists.txt"_s)).open(QIODevice::WriteOnly));
 
-        const QString filter = u"Text Files (*.txt)|*.txt|Pictures|*.bmp;*.dib|All Files (*.*)|*.*"_s;
-        std::optional<QString> chosen;
-        const auto ask = [&] {
-            chosen = save ? m_desktop.askSaveFile(u"Value.txt"_s, filter) : m_desktop.askOpenFile(filter);
-        };
-        QVERIFY(gui::withDialog(ask, [&](QWidget &dialog) {
-            auto *files = qobject_cast<QFileDialog *>(&dialog);
-            QVERIFY(files);
-            QCOMPARE(files->nameFilters(),
-                     (QStringList{u"Text Files (*.txt)"_s, u"Pictures (*.bmp *.dib)"_s, u"All Files (*)"_s}));
-            auto &name = gui::find<QLineEdit>(dialog, u"fileNameEdit"_s);
-            QCOMPARE(name.text(), save ? u"Value.txt"_s : QString());
-            name.setText(folder.filePath(typed));
-            QVERIFY(gui::press(Qt::Key_Return));
-            QVERIFY(!files->isVisible()); // no question came in between
-        }));
-        QCOMPARE(chosen, std::optional(folder.filePath(typed)));
+            const QString filter = u"Text Files (*.txt)|*.txt|Pictures|*.bmp;*.dib|All Files (*.*)|*.*"_s;
+            std::optional<QString> chosen;
+            const auto ask = [&] {
+                chosen = save ? m_desktop.askSaveFile(u"Value.txt"_s, filter) : m_desktop.askOpenFile(filter);
+            };
+            QVERIFY(gui::withDialog(ask, [&](QWidget &dialog) {
+                auto *files = qobject_cast<QFileDialog *>(&dialog);
+                QVERIFY(files);
+                QCOMPARE(
+                    files->nameFilters(),
+                    (QStringList{u"Text Files (*.txt)"_s, u"Pictures (*.bmp *.dib)"_s, u"All Files (*)"_s}));
+                auto &name = gui::find<QLineEdit>(dialog, u"fileNameEdit"_s);
+                QCOMPARE(name.text(), save ? u"Value.txt"_s : QString());
+                name.setText(folder.filePath(typed));
+                QVERIFY(gui::press(Qt::Key_Return));
+                QVERIFY(!files->isVisible()); // no question came in between
+            }));
+            QCOMPARE(chosen, std::optional(folder.filePath(typed)));
 
-        QVERIFY(gui::withDialog(ask, [](QWidget &) { QVERIFY(gui::press(Qt::Key_Escape)); }));
-        QVERIFY(!chosen.has_value());
+            QVERIFY(gui::withDialog(ask, [](QWidget &) { QVERIFY(gui::press(Qt::Key_Escape)); }));
+            QVERIFY(!chosen.has_value());
+        }
     }
 
     void progressCanBeCancelled()

@@ -1,8 +1,6 @@
 #include "desktop/qt/SecondStart.h"
 
-#include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
+#include <QtTest>
 #include <thread>
 
 using namespace obelmark;

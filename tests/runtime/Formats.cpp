@@ -2,17 +2,12 @@
 
 #include "Regions.h"
 #include "runtime/Numbers.h"
+#include "support/Cases.h"
 
-#include <QProcess>
-#include <QRandomGenerator>
 #include <cstdio>
-#include <limits>
 
 using namespace obelmark;
 using namespace Qt::StringLiterals;
-
-static constexpr qint64 most = std::numeric_limits<qint64>::max();
-static constexpr qint64 least = std::numeric_limits<qint64>::min();
 
 /// The argument with which the program shows the settings of its system instead of testing.
 static constexpr auto systemSettings = "--system-settings"_L1;
@@ -28,45 +23,12 @@ class FormatsTest : public QObject
     Q_OBJECT
 
 private slots:
-    void currency_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<qint64>("count");
-        QTest::addColumn<QString>("text");
-        const auto row = [](const char *name, qint64 count, const char16_t *text) {
-            QTest::addRow("%s %lld", name, count)
-                << QString::fromLatin1(name) << count << QString::fromUtf16(text);
-        };
-        row("en_US", 0, u"$0.00");
-        row("en_US", 12'345'000, u"$1,234.50");
-        row("en_US", -12'345'000, u"($1,234.50)");
-        row("en_US", 50, u"$0.01"); // half away from zero
-        row("en_US", 49, u"$0.00");
-        row("en_US", -50, u"($0.01)");
-        row("en_US", -49, u"$0.00");
-        row("en_US", 9'999'950, u"$1,000.00");
-        row("en_US", most, u"$922,337,203,685,477.58");
-        row("en_US", least, u"($922,337,203,685,477.58)");
-        row("C", -12'345'000, u"($1,234.50)");
-        row("de_DE", -12'345'000, u"-1.234,50\u00A0\u20AC");
-        row("fr_FR", -12'345'000, u"(1\u202F234,50\u00A0\u20AC)");
-        row("fr_FR", most, u"922\u202F337\u202F203\u202F685\u202F477,58\u00A0\u20AC");
-        row("ja_JP", 12'345'000, u"\uFFE51,234.50");
-        row("en_GB", 12'345'000, u"\u00A31,234.50");
-        row("sv_SE", -12'345'000, u"\u22121\u00A0234,50\u00A0kr");
-        row("pl_PL", 12'345'000, u"1234,50\u00A0z\u0142");
-        row("pl_PL", 1'234'567'0000, u"1\u00A0234\u00A0567,00\u00A0z\u0142");
-        row("de_CH", -12'345'000, u"-1\u2019234.50\u00A0CHF");
-        row("hi_IN", 1'234'567'5000, u"\u20B912,34,567.50");
-        row("hi_IN", most, u"\u20B992,23,37,20,36,85,477.58");
-    }
-
+    void currency_data() { cases::add(); }
     void currency()
     {
-        QFETCH(QString, name);
-        QFETCH(qint64, count);
-        QFETCH(QString, text);
+        const auto [name, number, text] = cases::row<3>();
         const RegionalSettings regional = region(name);
+        const qint64 count = number.toLongLong();
         QCOMPARE(formatCurrency(Money::fromTenThousandths(count), regional), text);
         if (qAbs(double(count)) < 1e15)
             QCOMPARE(formatCurrency(double(count) / 10'000, regional), text);
@@ -112,45 +74,24 @@ private slots:
         }
     }
 
-    void shortDate_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("pattern");
-        QTest::addColumn<QString>("text"); // of 3 May 852
-        QTest::newRow("US") << u"en_US"_s << u"M/d/yyyy"_s << u"5/3/0852"_s;
-        QTest::newRow("C") << u"C"_s << u"M/d/yyyy"_s << u"5/3/0852"_s;
-        QTest::newRow("German") << u"de_DE"_s << u"dd.MM.yyyy"_s << u"03.05.0852"_s;
-        QTest::newRow("French") << u"fr_FR"_s << u"dd/MM/yyyy"_s << u"03/05/0852"_s;
-        QTest::newRow("Japanese") << u"ja_JP"_s << u"yyyy/MM/dd"_s << u"0852/05/03"_s;
-        QTest::newRow("Croatian") << u"hr_HR"_s << u"dd. MM. yyyy."_s << u"03. 05. 0852."_s;
-        QTest::newRow("Bulgarian, letters left out") << u"bg_BG"_s << u"d.MM.yyyy"_s << u"3.05.0852"_s;
-        QTest::newRow("Egyptian, direction marks left out") << u"ar_EG"_s << u"d/M/yyyy"_s << u"3/5/0852"_s;
-    }
-
+    void shortDate_data() { cases::add(); }
     void shortDate()
     {
-        QFETCH(QString, name);
-        QFETCH(QString, pattern);
-        QFETCH(QString, text);
+        const auto [name, pattern, text] = cases::row<3>();
         const RegionalSettings regional = region(name);
         QCOMPARE(regional.shortDatePattern(), pattern);
         QCOMPARE(formatShortDate(Date::from(QDate(852, 5, 3), QTime(18, 15)), regional), text);
         QCOMPARE(formatShortDate(Date{1e9}, regional), QString());
     }
 
+    void shortDateOfOwnPatterns_data() { cases::add(); }
     void shortDateOfOwnPatterns()
     {
+        const auto [pattern, text] = cases::row<2>();
         const Date date = Date::from(QDate(1852, 5, 3));
-        const std::pair<QString, QString> cases[] = {
-            {u"d MMM yyyy"_s, u"3 5 1852"_s},       {u"dddd, d. MMMM y"_s, u"3. 5. 1852"_s},
-            {u"d 'de' M 'de' yy"_s, u"3-5-1852"_s}, {u"yyyy\u5E74M\u6708d\u65E5"_s, u"1852-5-3"_s},
-            {u"dd/MM yyyy"_s, u"03/05/1852"_s},     {u"nothing"_s, u"1852-05-03"_s},
-        };
-        for (const auto &[pattern, text] : cases) {
-            const RegionalSettings regional(QLocale(QLocale::English), pattern);
-            QCOMPARE(formatShortDate(date, regional), text);
-            QCOMPARE(toDate(text, regional), date);
-        }
+        const RegionalSettings regional(QLocale(QLocale::English), pattern);
+        QCOMPARE(formatShortDate(date, regional), text);
+        QCOMPARE(toDate(text, regional), date);
     }
 
     void shortDateReadsBackInEveryLocale()
@@ -203,28 +144,10 @@ private slots:
 
     /// The system's locale may be put together from several. It is read once, so each comes in its own
     /// process.
-    void mixedSystemLocale_data()
-    {
-        QTest::addColumn<QString>("environment");
-        QTest::addColumn<QString>("text");
-        const auto row = [](const char *environment, const char16_t *text) {
-            QTest::newRow(environment) << QString::fromLatin1(environment) << QString::fromUtf16(text);
-        };
-        row("", u"($1,234.50) M/d/yyyy May");
-        row("LANG=C.UTF-8", u"($1,234.50) M/d/yyyy May");
-        row("LANG=C.UTF-8 LC_TIME=de_DE.UTF-8", u"($1,234.50) dd.MM.yyyy Mai");
-        row("LANG=C.UTF-8 LC_MONETARY=de_DE.UTF-8", u"-1,234.50\u20AC M/d/yyyy May");
-        row("LANG=de_DE.UTF-8", u"-1.234,50\u00A0\u20AC dd.MM.yyyy Mai");
-        row("LANG=de_DE.UTF-8 LC_NUMERIC=C", u"-1,234.50\u00A0\u20AC dd.MM.yyyy Mai");
-        row("LANG=de_DE.UTF-8 LC_TIME=C", u"-1.234,50\u00A0\u20AC M/d/yyyy May");
-        row("LANG=de_DE.UTF-8 LC_ALL=fr_FR.UTF-8", u"(1\u202F234,50\u00A0\u20AC) dd/MM/yyyy mai");
-        row("LANG=de_DE.UTF-8 LC_TIME=sv_SE.UTF-8", u"-1.234,50\u00A0\u20AC yyyy-MM-dd maj");
-    }
-
+    void mixedSystemLocale_data() { cases::add(); }
     void mixedSystemLocale()
     {
-        QFETCH(QString, environment);
-        QFETCH(QString, text);
+        const auto [environment, text] = cases::row<2>();
         QProcess process;
         // An empty environment would stand for this process's own.
         process.setEnvironment(environment.split(u' ', Qt::SkipEmptyParts) + QStringList{u"TZ=UTC"_s});

@@ -1,8 +1,8 @@
 #include "runtime/Money.h"
 
 #include "Regions.h"
+#include "support/Cases.h"
 
-#include <QRandomGenerator>
 #include <limits>
 
 using namespace obelmark;
@@ -16,46 +16,14 @@ class MoneyTest : public QObject
     Q_OBJECT
 
 private slots:
-    void fromText_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<qint64>("count");
-        QTest::addColumn<int>("error");
-        const auto row = [](const char *text, qint64 count, int error = 0) {
-            QTest::newRow(text) << QString::fromLatin1(text) << count << error;
-        };
-        row("2.5", 25'000);
-        row("$1,234.50", 12'345'000);
-        row("($0.01)", -100);
-        row("&H10", 160'000);
-        row("1e3", 10'000'000);
-        row("0.00005", 0);
-        row("0.00015", 2);
-        row("0.00025", 2);
-        row("-0.00035", -4);
-        row("0.000050000000000000000000001", 1);
-        row("0.1", 1'000); // no double is 0.1
-        row("922337203685477.5807", most);
-        row("922337203685477.58074999", most);
-        row("922337203685477.58075", 0, Overflow);
-        row("-922337203685477.5808", least);
-        row("-922337203685477.58085", least);
-        row("-922337203685477.5809", 0, Overflow);
-        row("1e15", 0, Overflow);
-        row("1e300", 0, Overflow);
-        row("1e400", 0, TypeMismatch);
-        row("", 0, TypeMismatch);
-        row("two", 0, TypeMismatch);
-    }
-
+    void fromText_data() { cases::add(); }
     void fromText()
     {
-        QFETCH(QString, text);
-        QFETCH(qint64, count);
-        QFETCH(int, error);
+        const auto [text, count, error] = cases::row<3>();
         Money amount;
-        QCOMPARE(errorNumber([&] { amount = Money::fromText(text, region(u"en_US"_s)); }), error);
-        QCOMPARE(amount.tenThousandths(), count);
+        QCOMPARE(errorNumber([&, text = text] { amount = Money::fromText(text, region(u"en_US"_s)); }),
+                 error.toInt());
+        QCOMPARE(amount.tenThousandths(), count.toLongLong());
     }
 
     void fromTextOfEveryRegion()

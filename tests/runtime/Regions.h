@@ -3,8 +3,7 @@
 #include "runtime/NumberedError.h"
 #include "runtime/RegionalSettings.h"
 
-#include <QList>
-#include <QTest>
+#include <QtTest>
 
 namespace obelmark {
 

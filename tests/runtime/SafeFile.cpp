@@ -2,10 +2,7 @@
 
 #include "Regions.h"
 
-#include <QDir>
-#include <QFile>
-#include <QScopeGuard>
-#include <QTemporaryDir>
+#include <QtCore>
 
 #include <csignal>
 #include <sys/mount.h>

@@ -67,15 +67,6 @@ private slots:
         QCOMPARE(fromFileText("M\xFCnze \x80 \x96 \x9D\r\n"),
                  u"M\u00FCnze \u20AC \u2013 \x9D\n"_s); // from an older system
     }
-
-    void errorTexts()
-    {
-        QCOMPARE(runtimeError(PathFileAccess).description(), u"Path/File access error"_s);
-        QCOMPARE(runtimeError(ObjectNotSet).description(),
-                 u"Object variable or With block variable not set"_s);
-        QCOMPARE(runtimeError(InvalidUseOfNull).number(), 94);
-        QCOMPARE(QByteArray(NumberedError(3021, u"N\u00FCll"_s).what()), "N\xC3\xBCll");
-    }
 };
 
 QTEST_GUILESS_MAIN(ValueTest)

@@ -1,8 +1,6 @@
 #include "structure/SourceTree.h"
 
-#include <QHash>
-#include <QRegularExpression>
-#include <QTest>
+#include <QtTest>
 
 using namespace Qt::StringLiterals;
 using namespace obelmark;

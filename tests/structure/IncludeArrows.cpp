@@ -1,7 +1,6 @@
 #include "structure/SourceTree.h"
 
-#include <QHash>
-#include <QTest>
+#include <QtTest>
 #include <optional>
 
 using namespace Qt::StringLiterals;

@@ -1,10 +1,6 @@
 #pragma once
 
-#include <QDir>
-#include <QDirIterator>
-#include <QFile>
-#include <QRegularExpression>
-#include <QStringList>
+#include <QtCore>
 
 namespace obelmark {
 

@@ -1,11 +1,8 @@
 #pragma once
 
-#include <QString>
-#include <QTest>
-#include <QWidget>
+#include <QtTest>
+#include <QtWidgets>
 #include <functional>
-
-class QAction;
 
 /// The hands of the window tests: real mouse and key events on real widgets, and waiting on conditions
 /// instead of time. What returns a bool has already recorded the failure when it is false; wrap it in
