@@ -1,13 +1,8 @@
 #include "MetafileSamples.h"
 #include "pictures/Picture.h"
 #include "runtime/NumberedError.h"
-#include <QBuffer>
-#include <QImageReader>
-#include <QImageWriter>
-#include <QPainter>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QtEndian>
+#include <QtGui>
+#include <QtTest>
 #include <optional>
 #include <random>
 
@@ -64,9 +59,9 @@ QList<std::pair<QByteArray, QByteArray>> samples()
             {"webp", encoded(image, "webp")},
             {"ico", encoded(image, "ico")},
             {"cur", asCursor(encoded(image, "ico"))},
-            {"wmf", wmf::sample(false)},
-            {"placeable wmf", wmf::sample(true)},
-            {"emf", emf::sample()}};
+            {"wmf", wmfSample(false)},
+            {"placeable wmf", wmfSample(true)},
+            {"emf", emfFile(cases::linesOf(u"Reading"_s, u"emf"_s))}};
 }
 
 bool isLike(QColor colour, QColor expected)
@@ -159,30 +154,25 @@ private slots:
         }
     }
 
-    void refused_data()
+    void refused()
     {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QString>("reason");
+        const auto refuse = [this](const QByteArray &bytes, const QString &reason) {
+            QCOMPARE(refusal(bytes), u"The picture file '%1' could not be read: %2."_s.arg(m_path, reason));
+        };
         const QString noPicture = u"it is no picture of a known kind"_s,
                       damaged = u"it is damaged or incomplete"_s, tooLarge = u"it is too large"_s;
-        QTest::newRow("empty") << QByteArray() << noPicture;
-        QTest::newRow("text") << QByteArray("These are the notes of a coin.") << noPicture;
+        refuse(QByteArray(), noPicture);
+        refuse(QByteArray("These are the notes of a coin."), noPicture);
         QByteArray png = encoded(twoColours(), "png");
         qToBigEndian<quint32>(1'000'000, png.data() + 16);
-        QTest::newRow("a row of a million pixels") << png << damaged; // its checksum is wrong
+        refuse(png, damaged); // its checksum is wrong
         QByteArray jpeg = encoded(twoColours(), "jpg");
         const qsizetype frame = jpeg.indexOf(QByteArray::fromHex("ffc0"));
         jpeg.replace(frame + 5, 4, QByteArray::fromHex("ffdcffdc"));
-        QTest::newRow("65,500 by 65,500") << jpeg << tooLarge;
+        refuse(jpeg, tooLarge);
         QByteArray bitmap = encoded(twoColours(), "bmp");
         qToLittleEndian<quint32>(60'000, bitmap.data() + 18);
-        QTest::newRow("wider than its bytes") << bitmap << damaged;
-    }
-    void refused()
-    {
-        QFETCH(QByteArray, bytes);
-        QFETCH(QString, reason);
-        QCOMPARE(refusal(bytes), u"The picture file '%1' could not be read: %2."_s.arg(m_path, reason));
+        refuse(bitmap, damaged);
     }
 
     // A large photograph is decoded in part, upright, and whole when that is asked for.
@@ -195,6 +185,20 @@ private slots:
         QVERIFY(isLike(picture.preview().pixelColor(50, 10), Qt::blue));
         QCOMPARE(picture.whole().size(), QSize(2000, 4000));
         QVERIFY(isLike(picture.whole().pixelColor(1000, 3990), Qt::red));
+    }
+
+    void emfRecordDraws_data() { cases::add(); }
+    void emfRecordDraws()
+    {
+        const auto [name, records, colour] = cases::row<3>();
+        // A record that is too short and passed over, a blue pen, a blue brush.
+        const QString before = u"38 1; 38 1 0 16 0 0xFF0000; 37 1; 39 2 0 0xFF0000 0; 37 2; "_s;
+        const QImage picture = read(emfFile((before + records).split(u';'))).whole();
+        const auto at = [&](int x, int y) {
+            return picture.pixelColor(picture.width() * x / 400, picture.height() * y / 200);
+        };
+        QCOMPARE(at(100, 100), colour.isEmpty() ? QColor(Qt::blue) : QColor(colour));
+        QCOMPARE(at(300, 50), QColor(Qt::white));
     }
 
     void transparentIsWhite()

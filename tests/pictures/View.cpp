@@ -1,9 +1,5 @@
 #include "pictures/PictureView.h"
 #include "support/GuiDriver.h"
-#include <QImage>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QWheelEvent>
 
 using namespace obelmark;
 using namespace Qt::StringLiterals;

@@ -1,14 +1,12 @@
+#include "common/SharedState.h"
 #include "pictures/NewPictureFile.h"
 #include "pictures/PictureFiles.h"
 #include "pictures/cDIBSection.h"
 #include "pictures/mIntelJPEGLibrary.h"
 #include "runtime/NumberedError.h"
-#include <QDateTime>
-#include <QDir>
-#include <QFileInfo>
-#include <QImage>
-#include <QTemporaryDir>
-#include <QTest>
+#include "support/ScriptedDesktop.h"
+#include <QtGui>
+#include <QtTest>
 
 using namespace obelmark;
 using namespace Qt::StringLiterals;
@@ -72,29 +70,21 @@ private slots:
         QCOMPARE(QImage(m_path).size(), QSize(5, 4));
     }
 
-    void failure_data()
-    {
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<QString>("folder");
-        QTest::addColumn<QString>("description");
-        QTest::newRow("no folder") << QSize(4, 4) << u"none/"_s << u"Failed to save to JPG 76"_s;
-        QTest::newRow("no pixels") << QSize() << QString() << u"Failed to save to JPG 3"_s;
-        QTest::newRow("more than JPEG holds") << QSize(70000, 1) << QString() << u"Failed to save to JPG 0"_s;
-    }
     void failure()
     {
-        QFETCH(QSize, size);
-        QFETCH(QString, folder);
-        QFETCH(QString, description);
-        const QString path = m_folder.filePath(folder + u"failing.jpg"_s);
-        try {
-            writePicture(QImage(size, QImage::Format_RGB32), path);
-            QFAIL("written");
-        } catch (const NumberedError &error) {
-            QCOMPARE(error.number(), jpegError);
-            QCOMPARE(error.description(), description);
+        // No folder, no pixels, more than the format holds.
+        for (const auto &[size, folder, number] :
+             {std::tuple(QSize(4, 4), u"none/"_s, 76), {QSize(), {}, 3}, {QSize(70000, 1), {}, 0}}) {
+            const QString path = m_folder.filePath(folder + u"failing.jpg"_s);
+            try {
+                writePicture(QImage(size, QImage::Format_RGB32), path);
+                QFAIL("written");
+            } catch (const NumberedError &error) {
+                QCOMPARE(error.number(), jpegError);
+                QCOMPARE(error.description(), u"Failed to save to JPG %1"_s.arg(number));
+            }
+            QVERIFY(!QFileInfo::exists(path));
         }
-        QVERIFY(!QFileInfo::exists(path));
     }
 
     // The old pictures go with the second step and not before; what is no picture stays.
@@ -112,6 +102,37 @@ private slots:
         NewPictureFile(image, folder, 12).place();
         QCOMPARE(files(), QStringList({u"00000012.jpg"_s, u"00000012.txt"_s, u"00000013.gif"_s}));
         QCOMPARE(findPictureFile(folder, 12), folder + u"images/00000012.jpg"_s);
+    }
+
+    void coinsPicture()
+    {
+        QTemporaryDir dir;
+        const QString folder = dir.path() + u'/';
+        QDir(folder).mkdir(u"Images"_s);
+        for (const auto *name : {u"00000012.jpg", u"00000007.BMP", u"00000120", u"000000123.jpg"})
+            QVERIFY(QFile(u"%1Images/%2"_s.arg(folder, QString::fromUtf16(name))).open(QIODevice::WriteOnly));
+        QCOMPARE(findPictureFile(folder, 12), folder + u"Images/00000012.jpg"_s);
+        QCOMPARE(findPictureFile(folder, 7), folder + u"Images/00000007.BMP"_s);
+        QCOMPARE(findPictureFile(folder, 1), QString());
+        QCOMPARE(findPictureFile(folder, 120), QString()); // no extension, no picture
+    }
+
+    void strays()
+    {
+        QTemporaryDir dir;
+        ScriptedDesktop desktop;
+        SharedState shared(desktop, RegionalSettings(QLocale(u"en_US"_s)));
+        shared.AppFolder = dir.path() + u'/';
+        QDir(shared.AppFolder).mkdir(u"images"_s);
+        const QDir images(shared.AppFolder + u"images"_s);
+        for (const auto *name :
+             {u"00000012.jpg", u"00000012.bmp", u"unclaimed-00000012.jpg", u"00000001.jpg"})
+            QVERIFY(QFile(images.filePath(QString::fromUtf16(name))).open(QIODevice::WriteOnly));
+        setAsideStrayPictures(shared, 12);
+        QCOMPARE(images.entryList(QDir::Files, QDir::Name),
+                 QStringList({u"00000001.jpg"_s, u"unclaimed-00000012.bmp"_s, u"unclaimed-00000012.jpg"_s,
+                              u"unclaimed-2-00000012.jpg"_s}));
+        QCOMPARE(desktop.problems(), QStringList());
     }
 };
 

@@ -7,25 +7,20 @@ class ZoomTest : public QObject
 {
     Q_OBJECT
 private slots:
-    void fitting_data()
-    {
-        QTest::addColumn<QSizeF>("picture");
-        QTest::addColumn<QRectF>("place");
-        QTest::newRow("wide") << QSizeF(4000, 1000) << QRectF(0, 75, 200, 50);
-        QTest::newRow("high") << QSizeF(1000, 4000) << QRectF(75, 0, 50, 200);
-        QTest::newRow("small") << QSizeF(100, 50) << QRectF(50, 75, 100, 50);
-    }
     void fitting()
     {
-        QFETCH(QSizeF, picture);
-        QFETCH(QRectF, place);
-        PictureZoom zoom;
-        zoom.setPicture(picture);
-        zoom.setViewport(QSizeF(200, 200));
-        QCOMPARE(zoom.place(), place);
-        zoom.zoom(0.5, QPointF(10, 10)); // no smaller than that
-        QCOMPARE(zoom.place(), place);
-        QVERIFY(zoom.isFitted());
+        const std::pair<QSizeF, QRectF> places[] = {{{4000, 1000}, {0, 75, 200, 50}},
+                                                    {{1000, 4000}, {75, 0, 50, 200}},
+                                                    {{100, 50}, {50, 75, 100, 50}}};
+        for (const auto &[picture, place] : places) {
+            PictureZoom zoom;
+            zoom.setPicture(picture);
+            zoom.setViewport(QSizeF(200, 200));
+            QCOMPARE(zoom.place(), place);
+            zoom.zoom(0.5, QPointF(10, 10)); // no smaller than that
+            QCOMPARE(zoom.place(), place);
+            QVERIFY(zoom.isFitted());
+        }
     }
 
     void aboutThePointer()
