@@ -2,10 +2,7 @@
 
 #include "old_collections/TakeOver.h"
 #include "support/ScriptedDesktop.h"
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-#include <QtEndian>
+#include <QtCore>
 #include <SQLiteCpp/SQLiteCpp.h>
 
 namespace obelmark {

