@@ -1,8 +1,7 @@
 #include "engine/EngineFixture.h"
 #include "engine/language/EngineError.h"
 #include "engine/language/TextFold.h"
-#include <QRandomGenerator>
-#include <QTest>
+#include <QtTest>
 #include <algorithm>
 #include <optional>
 
@@ -135,151 +134,150 @@ class DynasetModel : public QObject
 {
     Q_OBJECT
 private slots:
-    void randomOperations_data();
-    void randomOperations();
-};
-
-void DynasetModel::randomOperations_data()
-{
-    QTest::addColumn<int>("seed");
-    QTest::addColumn<int>("operations");
-    QTest::addColumn<int>("mostRows");
-    QTest::newRow("a handful of rows, often none") << 1 << 1500 << 4;
-    QTest::newRow("some") << 2 << 1500 << 25;
-    QTest::newRow("many") << 3 << 1000 << 200;
-}
-
-void DynasetModel::randomOperations()
-{
-    QFETCH(int, seed);
-    QFETCH(int, operations);
-    QFETCH(int, mostRows);
-    QRandomGenerator random(quint32(seed) * 7919);
-    const auto below = [&random](int n) { return int(random.bounded(n)); };
-    static const QStringList words{u""_s,    u"a"_s, u"A"_s,   u"á"_s, u"ab"_s,
-                                   u"a b"_s, u"Ж"_s, u"zoo"_s, u"1"_s};
-
-    const CoinFile file;
-    const auto database = file.open();
-    std::vector<ModelRow> rows;
-    const PlaceOf byDescr = [](const ModelRow &row) {
-        return ModelPlace{row.descr ? std::optional(foldText(*row.descr).toStdString()) : std::nullopt,
-                          row.key};
-    };
-    const PlaceOf byYear = [](const ModelRow &row) {
-        return ModelPlace{row.year ? std::optional(u"%1"_s.arg(*row.year, 6).toStdString()) : std::nullopt,
-                          row.key};
-    };
-    const std::unique_ptr<Dynaset> sets[] = {database->openDynaset(u"select * from Coin order by descr"_s),
-                                             database->openDynaset(u"select * from Coin order by Year"_s)};
-    ModelCursor models[] = {{rows, byDescr}, {rows, byYear}};
-    qint64 lastKey = 0;
-
-    const auto rowOf = [&rows](qint64 key) {
-        return std::find_if(rows.begin(), rows.end(), [key](const ModelRow &row) { return row.key == key; });
-    };
-    const auto change = [&](Dynaset &set, ModelRow &row) {
-        if (below(3)) {
-            row.descr = below(4) ? std::optional(words[below(int(words.size()))]) : std::nullopt;
-            set.setValue(u"descr", row.descr ? Value(*row.descr) : Value());
-        }
-        if (below(3)) {
-            row.year = below(4) ? std::optional(1900 + below(5)) : std::nullopt;
-            set.setValue(u"Year", row.year ? Value(*row.year) : Value());
-        }
-    };
-
-    for (int i = 0; i < operations; ++i) {
-        const int which = below(2);
-        Dynaset &set = *sets[which];
-        ModelCursor &model = models[which];
-        const bool forward = below(2);
-        const int operation = below(12);
-        QString what = u"operation %1.%2 on %3"_s.arg(i).arg(operation).arg(which);
-        int expected = 0;
-        int error = 0;
-        if (operation < 5) {
-            expected = model.step(forward);
-            error = errorOf([&] { forward ? set.moveNext() : set.movePrevious(); });
-        } else if (operation == 5) {
-            expected = model.moveToEnd(forward);
-            error = errorOf([&] { forward ? set.moveFirst() : set.moveLast(); });
-        } else if (operation < 8) {
-            const int year = 1900 + below(5);
-            const qint64 key = 1 + below(int(lastKey) + 1);
-            const std::pair<QString, std::function<bool(const ModelRow &)>> choices[] = {
-                {u"Year = %1"_s.arg(year), [=](const ModelRow &row) { return row.year == year; }},
-                {u"descr like 'á*'"_s,
-                 [](const ModelRow &row) { return row.descr && foldText(*row.descr).startsWith(u'a'); }},
-                {u"descr is null"_s, [](const ModelRow &row) { return !row.descr; }},
-                {u"coinid = %1"_s.arg(key), [=](const ModelRow &row) { return row.key == key; }},
-            };
-            const auto &choice = choices[below(4)];
-            const QString &criteria = choice.first;
-            const bool fromCurrent = below(2);
-            what += u" "_s + criteria;
-            expected = model.find(forward, fromCurrent, choice.second);
-            error = errorOf([&] {
-                fromCurrent ? (forward ? set.findNext(criteria) : set.findPrevious(criteria))
-                            : (forward ? set.findFirst(criteria) : set.findLast(criteria));
-            });
-        } else if (operation == 8 && int(rows.size()) < mostRows) {
-            set.addNew();
-            ModelRow row{set.value(u"coinid").toInt(), {}, {}};
-            QCOMPARE(row.key, ++lastKey);
-            change(set, row);
-            if (below(5)) {
-                set.update();
-                rows.push_back(row);
-            } else {
-                // Discarded, also by an edit() that fails
-                errorOf([&] {
-                    if (below(2))
-                        set.edit();
-                    set.cancelUpdate();
-                });
-            }
-        } else if (operation < 11) {
-            const qint64 key = model.current();
-            expected = key < 0 ? int(-key) : 0;
-            error = errorOf([&] { set.edit(); });
-            if (key > 0) {
-                change(set, *rowOf(key));
-                set.update();
-            }
-        } else {
-            const qint64 key = model.current();
-            expected = key < 0 ? int(-key) : 0;
-            error = errorOf([&] { set.remove(); });
-            if (key > 0) {
-                rows.erase(rowOf(key));
-                model.markDeleted();
-            }
-        }
-        QVERIFY2(error == expected, qPrintable(u"%1: %2 for %3"_s.arg(what).arg(error).arg(expected)));
-
-        for (int s = 0; s < 2; ++s) {
-            qint64 key = 0;
-            if (const int number = errorOf([&] { key = sets[s]->value(u"coinid").toInt(); }))
-                key = -number;
-            QVERIFY2(key == models[s].current(),
-                     qPrintable(u"%1: %2 for %3"_s.arg(what).arg(key).arg(models[s].current())));
-            if (below(2)) // at times it has to be counted, at times it is known from the move
-                QCOMPARE(sets[s]->position(), models[s].position());
-            QCOMPARE(sets[s]->bof(), models[s].bof());
-            QCOMPARE(sets[s]->eof(), models[s].eof());
-            QCOMPARE(sets[s]->noMatch(), models[s].noMatch());
-            QCOMPARE(sets[s]->recordCount(), qint64(rows.size()));
-            QCOMPARE(sets[s]->isEmpty(), rows.empty());
-            if (key > 0) {
-                const auto row = rowOf(key);
-                QCOMPARE(sets[s]->value(u"descr"), row->descr ? Value(*row->descr) : Value());
-                QCOMPARE(sets[s]->value(u"year"), row->year ? Value(*row->year) : Value());
-            }
-        }
+    void randomOperations_data()
+    {
+        QTest::addColumn<int>("seed");
+        QTest::addColumn<int>("operations");
+        QTest::addColumn<int>("mostRows");
+        QTest::newRow("a handful of rows, often none") << 1 << 1500 << 4;
+        QTest::newRow("some") << 2 << 1500 << 25;
+        QTest::newRow("many") << 3 << 1000 << 200;
     }
-    QVERIFY(lastKey > 0);
-}
+
+    void randomOperations()
+    {
+        QFETCH(int, seed);
+        QFETCH(int, operations);
+        QFETCH(int, mostRows);
+        QRandomGenerator random(quint32(seed) * 7919);
+        const auto below = [&random](int n) { return int(random.bounded(n)); };
+        static const QStringList words{u""_s,    u"a"_s, u"A"_s,   u"á"_s, u"ab"_s,
+                                       u"a b"_s, u"Ж"_s, u"zoo"_s, u"1"_s};
+
+        const CoinFile file;
+        const auto database = file.open();
+        std::vector<ModelRow> rows;
+        const PlaceOf byDescr = [](const ModelRow &row) {
+            return ModelPlace{row.descr ? std::optional(foldText(*row.descr).toStdString()) : std::nullopt,
+                              row.key};
+        };
+        const PlaceOf byYear = [](const ModelRow &row) {
+            return ModelPlace{
+                row.year ? std::optional(u"%1"_s.arg(*row.year, 6).toStdString()) : std::nullopt, row.key};
+        };
+        const std::unique_ptr<Dynaset> sets[] = {
+            database->openDynaset(u"select * from Coin order by descr"_s),
+            database->openDynaset(u"select * from Coin order by Year"_s)};
+        ModelCursor models[] = {{rows, byDescr}, {rows, byYear}};
+        qint64 lastKey = 0;
+
+        const auto rowOf = [&rows](qint64 key) {
+            return std::find_if(rows.begin(), rows.end(),
+                                [key](const ModelRow &row) { return row.key == key; });
+        };
+        const auto change = [&](Dynaset &set, ModelRow &row) {
+            if (below(3)) {
+                row.descr = below(4) ? std::optional(words[below(int(words.size()))]) : std::nullopt;
+                set.setValue(u"descr", row.descr ? Value(*row.descr) : Value());
+            }
+            if (below(3)) {
+                row.year = below(4) ? std::optional(1900 + below(5)) : std::nullopt;
+                set.setValue(u"Year", row.year ? Value(*row.year) : Value());
+            }
+        };
+
+        for (int i = 0; i < operations; ++i) {
+            const int which = below(2);
+            Dynaset &set = *sets[which];
+            ModelCursor &model = models[which];
+            const bool forward = below(2);
+            const int operation = below(12);
+            QString what = u"operation %1.%2 on %3"_s.arg(i).arg(operation).arg(which);
+            int expected = 0;
+            int error = 0;
+            if (operation < 5) {
+                expected = model.step(forward);
+                error = errorOf([&] { forward ? set.moveNext() : set.movePrevious(); });
+            } else if (operation == 5) {
+                expected = model.moveToEnd(forward);
+                error = errorOf([&] { forward ? set.moveFirst() : set.moveLast(); });
+            } else if (operation < 8) {
+                const int year = 1900 + below(5);
+                const qint64 key = 1 + below(int(lastKey) + 1);
+                const std::pair<QString, std::function<bool(const ModelRow &)>> choices[] = {
+                    {u"Year = %1"_s.arg(year), [=](const ModelRow &row) { return row.year == year; }},
+                    {u"descr like 'á*'"_s,
+                     [](const ModelRow &row) { return row.descr && foldText(*row.descr).startsWith(u'a'); }},
+                    {u"descr is null"_s, [](const ModelRow &row) { return !row.descr; }},
+                    {u"coinid = %1"_s.arg(key), [=](const ModelRow &row) { return row.key == key; }},
+                };
+                const auto &choice = choices[below(4)];
+                const QString &criteria = choice.first;
+                const bool fromCurrent = below(2);
+                what += u" "_s + criteria;
+                expected = model.find(forward, fromCurrent, choice.second);
+                error = errorOf([&] {
+                    fromCurrent ? (forward ? set.findNext(criteria) : set.findPrevious(criteria))
+                                : (forward ? set.findFirst(criteria) : set.findLast(criteria));
+                });
+            } else if (operation == 8 && int(rows.size()) < mostRows) {
+                set.addNew();
+                ModelRow row{set.value(u"coinid").toInt(), {}, {}};
+                QCOMPARE(row.key, ++lastKey);
+                change(set, row);
+                if (below(5)) {
+                    set.update();
+                    rows.push_back(row);
+                } else {
+                    // Discarded, also by an edit() that fails
+                    errorOf([&] {
+                        if (below(2))
+                            set.edit();
+                        set.cancelUpdate();
+                    });
+                }
+            } else if (operation < 11) {
+                const qint64 key = model.current();
+                expected = key < 0 ? int(-key) : 0;
+                error = errorOf([&] { set.edit(); });
+                if (key > 0) {
+                    change(set, *rowOf(key));
+                    set.update();
+                }
+            } else {
+                const qint64 key = model.current();
+                expected = key < 0 ? int(-key) : 0;
+                error = errorOf([&] { set.remove(); });
+                if (key > 0) {
+                    rows.erase(rowOf(key));
+                    model.markDeleted();
+                }
+            }
+            QVERIFY2(error == expected, qPrintable(u"%1: %2 for %3"_s.arg(what).arg(error).arg(expected)));
+
+            for (int s = 0; s < 2; ++s) {
+                qint64 key = 0;
+                if (const int number = errorOf([&] { key = sets[s]->value(u"coinid").toInt(); }))
+                    key = -number;
+                QVERIFY2(key == models[s].current(),
+                         qPrintable(u"%1: %2 for %3"_s.arg(what).arg(key).arg(models[s].current())));
+                if (below(2)) // at times it has to be counted, at times it is known from the move
+                    QCOMPARE(sets[s]->position(), models[s].position());
+                QCOMPARE(sets[s]->bof(), models[s].bof());
+                QCOMPARE(sets[s]->eof(), models[s].eof());
+                QCOMPARE(sets[s]->noMatch(), models[s].noMatch());
+                QCOMPARE(sets[s]->recordCount(), qint64(rows.size()));
+                QCOMPARE(sets[s]->isEmpty(), rows.empty());
+                if (key > 0) {
+                    const auto row = rowOf(key);
+                    QCOMPARE(sets[s]->value(u"descr"), row->descr ? Value(*row->descr) : Value());
+                    QCOMPARE(sets[s]->value(u"year"), row->year ? Value(*row->year) : Value());
+                }
+            }
+        }
+        QVERIFY(lastKey > 0);
+    }
+};
 
 QTEST_APPLESS_MAIN(DynasetModel)
 #include "DynasetModel.moc"

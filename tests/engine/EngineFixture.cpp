@@ -1,8 +1,6 @@
 #include "engine/EngineFixture.h"
 #include "engine/language/EngineError.h"
-#include <QDir>
-#include <QFile>
-#include <QProcess>
+#include <QtCore>
 
 namespace obelmark {
 

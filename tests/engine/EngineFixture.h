@@ -1,8 +1,7 @@
 #pragma once
 
 #include "engine/rows/Database.h"
-#include <QStringList>
-#include <QTemporaryDir>
+#include <QtCore>
 #include <functional>
 
 namespace obelmark {

@@ -3,39 +3,11 @@
 #include "engine/care/Repair.h"
 #include "engine/language/EngineError.h"
 #include "support/UnsyncedVfs.h"
-#include <QDir>
-#include <QTest>
+#include <QtTest>
 #include <SQLiteCpp/SQLiteCpp.h>
 
 using namespace obelmark;
 using namespace Qt::StringLiterals;
-
-/// Saves on a disk that forgets what was not flushed, and on one that is full.
-class PowerLoss : public QObject
-{
-    Q_OBJECT
-private slots:
-    void initTestCase();
-    void diskForgets();
-    void leavesTheLastCommittedState_data();
-    void leavesTheLastCommittedState();
-    void fullDiskKeepsOldAndBegunRow_data();
-    void fullDiskKeepsOldAndBegunRow();
-    void fullDiskStopsRepair();
-
-private:
-    struct State
-    {
-        QByteArray file;
-        StoredRows rows;
-    };
-    std::size_t runSaves(std::size_t from, std::size_t to) const;
-    void startFrom(const State &state) const;
-
-    const CoinFile m_file;
-    const QString m_path = m_file.path();
-    std::vector<State> m_states; ///< after so many of the saves
-};
 
 namespace {
 
@@ -88,147 +60,162 @@ const std::vector<Save> saves{
 
 } // namespace
 
-/// Carries out saves until one fails; how many did not.
-std::size_t PowerLoss::runSaves(std::size_t from, std::size_t to) const
+/// Saves on a disk that forgets what was not flushed, and on one that is full.
+class PowerLoss : public QObject
 {
-    std::size_t done = from;
-    try {
-        const auto database = m_file.open();
-        const auto coins = database->openDynaset(allCoins);
-        for (; done < to; ++done) {
-            saves[done].begin(*coins);
-            ((*coins).*saves[done].finish)();
-        }
-    } catch (const EngineError &) {
-    }
-    return done - from;
-}
-
-void PowerLoss::startFrom(const State &state) const
-{
-    QFile::remove(m_path + u"-journal"_s);
-    setFileContent(m_path, state.file);
-}
-
-void PowerLoss::initTestCase()
-{
-    addCoins(m_path, 100);
-    m_states.push_back({fileContent(m_path), storedRows(m_path)});
-    for (std::size_t number = 0; number < saves.size(); ++number) {
-        QCOMPARE(runSaves(number, number + 1), 1U);
+    Q_OBJECT
+private slots:
+    void initTestCase()
+    {
+        addCoins(m_path, 100);
         m_states.push_back({fileContent(m_path), storedRows(m_path)});
-    }
-}
-
-/// Without flushing, a committed change must get lost or torn here, or the test below proves nothing.
-void PowerLoss::diskForgets()
-{
-    int whole = 0;
-    int lost = 0;
-    for (unsigned seed = 0; seed < 40; ++seed) {
-        startFrom(m_states.front());
-        UnsyncedVfs disk;
-        SQLite::Database(m_path.toStdString(), SQLite::OPEN_READWRITE)
-            .exec("pragma synchronous = off; update Coin set descr = 'x', descrsort = 'x'");
-        disk.restart(seed);
-        try {
-            whole += integrity(m_path) == "ok"_L1;
-            lost += storedRows(m_path) == m_states.front().rows;
-        } catch (const SQLite::Exception &) {
+        for (std::size_t number = 0; number < saves.size(); ++number) {
+            QCOMPARE(runSaves(number, number + 1), 1U);
+            m_states.push_back({fileContent(m_path), storedRows(m_path)});
         }
     }
-    QVERIFY2(whole < 30 && lost > 0, qPrintable(u"%1 %2"_s.arg(whole).arg(lost)));
-}
 
-void PowerLoss::leavesTheLastCommittedState_data()
-{
-    QTest::addColumn<unsigned>("seed");
-    for (unsigned seed = 1; seed <= 5; ++seed)
-        QTest::addRow("seed %u", seed) << seed;
-}
-
-void PowerLoss::leavesTheLastCommittedState()
-{
-    QFETCH(unsigned, seed);
-    std::minstd_rand chance(seed);
-    int changes = 0;
-    for (int cut = 0; cut <= changes; cut += 1 + int(chance() % 3)) { // 0: after the last change
-        startFrom(m_states.front());
-        std::size_t done = 0;
-        {
+    /// Without flushing, a committed change must get lost or torn here, or the test below proves nothing.
+    void diskForgets()
+    {
+        int whole = 0;
+        int lost = 0;
+        for (unsigned seed = 0; seed < 40; ++seed) {
+            startFrom(m_states.front());
             UnsyncedVfs disk;
-            disk.cutPowerAt(cut);
-            done = runSaves(0, saves.size());
-            changes = std::max(changes, disk.changeCount());
-            disk.restart(seed * 10'000 + unsigned(cut));
+            SQLite::Database(m_path.toStdString(), SQLite::OPEN_READWRITE)
+                .exec("pragma synchronous = off; update Coin set descr = 'x', descrsort = 'x'");
+            disk.restart(seed);
+            try {
+                whole += integrity(m_path) == "ok"_L1;
+                lost += storedRows(m_path) == m_states.front().rows;
+            } catch (const SQLite::Exception &) {
+            }
         }
-        m_file.open();
-        QCOMPARE(integrity(m_path), u"ok"_s);
-        const StoredRows rows = storedRows(m_path);
-        const bool kept = rows == m_states[done].rows;
-        const bool finished = done < saves.size() && rows == m_states[done + 1].rows;
-        QVERIFY2(kept || finished, qPrintable(u"cut %1, saves %2"_s.arg(cut).arg(done)));
+        QVERIFY2(whole < 30 && lost > 0, qPrintable(u"%1 %2"_s.arg(whole).arg(lost)));
     }
-    QVERIFY(changes > 60);
-}
 
-void PowerLoss::fullDiskKeepsOldAndBegunRow_data()
-{
-    QTest::addColumn<std::size_t>("number");
-    for (std::size_t number = 0; number < saves.size(); ++number)
-        QTest::newRow(saves[number].name) << number;
-}
+    void leavesTheLastCommittedState_data()
+    {
+        QTest::addColumn<unsigned>("seed");
+        for (unsigned seed = 1; seed <= 5; ++seed)
+            QTest::addRow("seed %u", seed) << seed;
+    }
 
-void PowerLoss::fullDiskKeepsOldAndBegunRow()
-{
-    QFETCH(std::size_t, number);
-    const auto finish = saves[number].finish;
-    int failures = 0;
-    for (qint64 freeSpace = 0; freeSpace < 120'000; freeSpace += 6'000) {
-        startFrom(m_states[number]);
-        {
+    void leavesTheLastCommittedState()
+    {
+        QFETCH(unsigned, seed);
+        std::minstd_rand chance(seed);
+        int changes = 0;
+        for (int cut = 0; cut <= changes; cut += 1 + int(chance() % 3)) { // 0: after the last change
+            startFrom(m_states.front());
+            std::size_t done = 0;
+            {
+                UnsyncedVfs disk;
+                disk.cutPowerAt(cut);
+                done = runSaves(0, saves.size());
+                changes = std::max(changes, disk.changeCount());
+                disk.restart(seed * 10'000 + unsigned(cut));
+            }
+            m_file.open();
+            QCOMPARE(integrity(m_path), u"ok"_s);
+            const StoredRows rows = storedRows(m_path);
+            const bool kept = rows == m_states[done].rows;
+            const bool finished = done < saves.size() && rows == m_states[done + 1].rows;
+            QVERIFY2(kept || finished, qPrintable(u"cut %1, saves %2"_s.arg(cut).arg(done)));
+        }
+        QVERIFY(changes > 60);
+    }
+
+    void fullDiskKeepsOldAndBegunRow_data()
+    {
+        QTest::addColumn<std::size_t>("number");
+        for (std::size_t number = 0; number < saves.size(); ++number)
+            QTest::newRow(saves[number].name) << number;
+    }
+
+    void fullDiskKeepsOldAndBegunRow()
+    {
+        QFETCH(std::size_t, number);
+        const auto finish = saves[number].finish;
+        int failures = 0;
+        for (qint64 freeSpace = 0; freeSpace < 120'000; freeSpace += 6'000) {
+            startFrom(m_states[number]);
+            {
+                UnsyncedVfs disk;
+                const auto database = m_file.open();
+                const auto coins = database->openDynaset(allCoins);
+                const auto other = database->openDynaset(allCoins);
+                saves[number].begin(*coins);
+                disk.setFreeSpace(freeSpace);
+                try {
+                    ((*coins).*finish)();
+                    continue;
+                } catch (const EngineError &error) {
+                    QCOMPARE(error.number(), int(DiskFull));
+                    ++failures;
+                }
+                QCOMPARE(other->recordCount(), qint64(m_states[number].rows.size()));
+                disk.setFreeSpace({});
+                ((*coins).*finish)();
+            }
+            QCOMPARE(integrity(m_path), u"ok"_s);
+            QVERIFY(storedRows(m_path) == m_states[number + 1].rows);
+        }
+        QVERIFY(failures > 0);
+    }
+
+    void fullDiskStopsRepair()
+    {
+        startFrom(m_states.front());
+        const QStringList files = QDir(m_file.folder()).entryList(QDir::Files);
+        for (qint64 freeSpace = 0; freeSpace < 400'000; freeSpace += 40'000) {
             UnsyncedVfs disk;
-            const auto database = m_file.open();
-            const auto coins = database->openDynaset(allCoins);
-            const auto other = database->openDynaset(allCoins);
-            saves[number].begin(*coins);
             disk.setFreeSpace(freeSpace);
             try {
-                ((*coins).*finish)();
-                continue;
+                repairDatabase(m_path, {u"Coin"_s});
+                QVERIFY(freeSpace > 100'000);
+                return;
             } catch (const EngineError &error) {
                 QCOMPARE(error.number(), int(DiskFull));
-                ++failures;
             }
-            QCOMPARE(other->recordCount(), qint64(m_states[number].rows.size()));
-            disk.setFreeSpace({});
-            ((*coins).*finish)();
+            QCOMPARE(QDir(m_file.folder()).entryList(QDir::Files), files);
+            QVERIFY(fileContent(m_path) == m_states.front().file);
         }
-        QCOMPARE(integrity(m_path), u"ok"_s);
-        QVERIFY(storedRows(m_path) == m_states[number + 1].rows);
+        QFAIL("the repair never had enough space");
     }
-    QVERIFY(failures > 0);
-}
 
-void PowerLoss::fullDiskStopsRepair()
-{
-    startFrom(m_states.front());
-    const QStringList files = QDir(m_file.folder()).entryList(QDir::Files);
-    for (qint64 freeSpace = 0; freeSpace < 400'000; freeSpace += 40'000) {
-        UnsyncedVfs disk;
-        disk.setFreeSpace(freeSpace);
+private:
+    struct State
+    {
+        QByteArray file;
+        StoredRows rows;
+    };
+    /// Carries out saves until one fails; how many did not.
+    std::size_t runSaves(std::size_t from, std::size_t to) const
+    {
+        std::size_t done = from;
         try {
-            repairDatabase(m_path, {u"Coin"_s});
-            QVERIFY(freeSpace > 100'000);
-            return;
-        } catch (const EngineError &error) {
-            QCOMPARE(error.number(), int(DiskFull));
+            const auto database = m_file.open();
+            const auto coins = database->openDynaset(allCoins);
+            for (; done < to; ++done) {
+                saves[done].begin(*coins);
+                ((*coins).*saves[done].finish)();
+            }
+        } catch (const EngineError &) {
         }
-        QCOMPARE(QDir(m_file.folder()).entryList(QDir::Files), files);
-        QVERIFY(fileContent(m_path) == m_states.front().file);
+        return done - from;
     }
-    QFAIL("the repair never had enough space");
-}
+    void startFrom(const State &state) const
+    {
+        QFile::remove(m_path + u"-journal"_s);
+        setFileContent(m_path, state.file);
+    }
+
+    const CoinFile m_file;
+    const QString m_path = m_file.path();
+    std::vector<State> m_states; ///< after so many of the saves
+};
 
 QTEST_GUILESS_MAIN(PowerLoss)
 #include "PowerLoss.moc"

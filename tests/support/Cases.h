@@ -56,7 +56,7 @@ inline QStringList linesOf(const QString &subject, const QString &section)
     QStringList lines;
     bool inside = false;
     for (const QString &line : QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts)) {
-        if (line.startsWith(u'['))
+        if (line.startsWith(u'[') && line.endsWith(u']'))
             inside = line == u'[' + section + u']';
         else if (inside && !line.startsWith(u'#'))
             lines << line;
