@@ -1,15 +1,13 @@
 #include "backup/Backup.h"
-#include "backup/FileFaults.h"
 #include "backup/Packing.h"
 #include "common/SharedState.h"
 #include "engine/language/EngineError.h"
+#include "support/Cases.h"
+#include "support/FileFaults.h"
 #include "support/ScriptedDesktop.h"
 #include "support/TestCollection.h"
-#include <QDir>
-#include <QTest>
 
 using namespace obelmark;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -62,14 +60,6 @@ struct Collection : TestCollection
     const QString drive = driveFolder.path();
     const QString copy = drive + u"/coin.mdb"_s;
 };
-
-void addFaults()
-{
-    QTest::addColumn<Fault>("fault");
-    QTest::newRow("killed") << Fault::Killed;
-    QTest::newRow("fails once") << Fault::FailsOnce;
-    QTest::newRow("fails from then on") << Fault::FailsFromThenOn;
-}
 
 } // namespace
 
@@ -134,26 +124,26 @@ private slots:
     }
 
     // Whatever step goes wrong, there is a whole backup: the earlier one or the new one.
-    void backupIsAlwaysWhole_data() { addFaults(); }
     void backupIsAlwaysWhole()
     {
-        QFETCH(Fault, fault);
-        const Collection c;
-        const QByteArray earlier = contentOf(c.databasePath());
-        c.exec(u"insert into Coin (descr) values ('Beta')"_s);
-        const QByteArray content = contentOf(c.databasePath());
-        int change = 1;
-        for (bool came = true; came; ++change) {
-            QFile::remove(c.copy);
-            setContent(c.copy, earlier);
-            int failure = 0;
-            came = runWithFault(fault, change, [&] { failure = c.failureOfBackup(c.drive); });
-            QVERIFY(contentOf(c.copy) == content || (came && contentOf(c.copy) == earlier));
-            QVERIFY(failure == 0 || came);
-            QCOMPARE(contentOf(c.databasePath()), content);
+        for (const Fault fault : {Fault::Killed, Fault::FailsOnce, Fault::FailsFromThenOn}) {
+            const Collection c;
+            const QByteArray earlier = contentOf(c.databasePath());
+            c.exec(u"insert into Coin (descr) values ('Beta')"_s);
+            const QByteArray content = contentOf(c.databasePath());
+            int change = 1;
+            for (bool came = true; came; ++change) {
+                QFile::remove(c.copy);
+                setContent(c.copy, earlier);
+                int failure = 0;
+                came = runWithFault(fault, change, [&] { failure = c.failureOfBackup(c.drive); });
+                QVERIFY(contentOf(c.copy) == content || (came && contentOf(c.copy) == earlier));
+                QVERIFY(failure == 0 || came);
+                QCOMPARE(contentOf(c.databasePath()), content);
+            }
+            QVERIFY2(change > 5, qPrintable(QString::number(change)));
+            QCOMPARE(filesIn(c.drive), QStringList(u"coin.mdb"_s));
         }
-        QVERIFY2(change > 5, qPrintable(QString::number(change)));
-        QCOMPARE(filesIn(c.drive), QStringList(u"coin.mdb"_s));
     }
 
     void packs()
@@ -185,20 +175,10 @@ private slots:
         QCOMPARE(c.query(u"select max(coinid) from Coin"_s), QStringList(u"301"_s)); // 300 was deleted
     }
 
-    void packingStopped_data()
-    {
-        QTest::addColumn<QString>("folder"); // in the way, which stops even those who may do everything
-        QTest::addColumn<QString>("message");
-        QTest::newRow("no room for the new file")
-            << u"Coinnew.mdb"_s << u"75  %1Coinnew.mdb: Is a directory"_s;
-        QTest::newRow("old file cannot go") << u"Coindb.bak"_s << u"75  %1coin.mdb: Is a directory"_s;
-        QTest::newRow("in use") << QString() << u"3045  Could not use '%1coin.mdb'; file already in use."_s;
-        QTest::newRow("by the user") << u"other"_s << QString();
-    }
+    void packingStopped_data() { cases::add(); }
     void packingStopped()
     {
-        QFETCH(QString, folder);
-        QFETCH(QString, message);
+        const auto [name, folder, message] = cases::row<3>();
         Collection c;
         if (message.isEmpty()) {
             c.exec(u"insert into Coin (descr) select a.descr from Coin a, Coin b"_s);
@@ -223,50 +203,40 @@ private slots:
     }
 
     // Whatever step goes wrong, every coin is in coin.mdb, at the latest after the next start.
-    void packingLosesNothing_data() { addFaults(); }
     void packingLosesNothing()
     {
-        QFETCH(Fault, fault);
-        Collection c;
-        const QStringList rows = c.query(allRows);
-        int recoveries = 0;
-        int change = 1;
-        for (bool came = true; came; ++change) {
-            c.desktop.reset();
-            came = runWithFault(fault, change, [&] { packDatabase(c.shared); });
-            const bool isThere = QFile::exists(u"coin.mdb"_s);
-            const bool toldThatItIs =
-                c.desktop.calls().value(0).text.contains(u"The database is as it was."_s);
-            QVERIFY(c.desktop.calls().isEmpty() ? isThere || fault == Fault::Killed
-                                                : toldThatItIs == isThere);
-            if (!isThere) {
-                ++recoveries;
-                recoverDatabase(c.shared);
-                QVERIFY(c.desktop.calls().last().text.contains(u"has now been completed."_s));
+        for (const Fault fault : {Fault::Killed, Fault::FailsOnce, Fault::FailsFromThenOn}) {
+            Collection c;
+            const QStringList rows = c.query(allRows);
+            int recoveries = 0;
+            int change = 1;
+            for (bool came = true; came; ++change) {
+                c.desktop.reset();
+                came = runWithFault(fault, change, [&] { packDatabase(c.shared); });
+                const bool isThere = QFile::exists(u"coin.mdb"_s);
+                const bool toldThatItIs =
+                    c.desktop.calls().value(0).text.contains(u"The database is as it was."_s);
+                QVERIFY(c.desktop.calls().isEmpty() ? isThere || fault == Fault::Killed
+                                                    : toldThatItIs == isThere);
+                if (!isThere) {
+                    ++recoveries;
+                    recoverDatabase(c.shared);
+                    QVERIFY(c.desktop.calls().last().text.contains(u"has now been completed."_s));
+                }
+                QCOMPARE(c.query(u"pragma integrity_check"_s), QStringList(u"ok"_s));
+                QCOMPARE(c.query(allRows), rows);
             }
-            QCOMPARE(c.query(u"pragma integrity_check"_s), QStringList(u"ok"_s));
-            QCOMPARE(c.query(allRows), rows);
+            QVERIFY2(change > 20, qPrintable(QString::number(change)));
+            QCOMPARE(recoveries > 0, fault != Fault::FailsOnce);
+            QCOMPARE(filesIn(c.folder()), QStringList({u"coin.mdb"_s, u"Coindb.bak"_s}));
         }
-        QVERIFY2(change > 20, qPrintable(QString::number(change)));
-        QCOMPARE(recoveries > 0, fault != Fault::FailsOnce);
-        QCOMPARE(filesIn(c.folder()), QStringList({u"coin.mdb"_s, u"Coindb.bak"_s}));
     }
 
     // Only a complete copy takes the place of a missing database.
-    void missingDatabase_data()
-    {
-        QTest::addColumn<QString>("old"); // what Coindb.bak and Coinnew.mdb are made of
-        QTest::addColumn<QString>("packed");
-        QTest::newRow("only the new one") << QString() << u"whole"_s;
-        QTest::newRow("only the old one") << u"whole"_s << QString();
-        QTest::newRow("new one cut off") << u"whole"_s << u"half"_s;
-        QTest::newRow("new one with fewer rows") << u"whole"_s << u"fewer"_s;
-        QTest::newRow("old one cut off") << u"half"_s << u"whole"_s;
-    }
+    void missingDatabase_data() { cases::add(); }
     void missingDatabase()
     {
-        QFETCH(QString, old);
-        QFETCH(QString, packed);
+        const auto [name, old, packed] = cases::row<3>();
         Collection c;
         QMap<QString, QByteArray> contents{{u"whole"_s, contentOf(c.databasePath())}};
         contents[u"half"_s] = contents[u"whole"_s].first(contents[u"whole"_s].size() / 2);

@@ -9,16 +9,6 @@
 #include "support/GuiDriver.h"
 #include "support/ScriptedDesktop.h"
 #include "support/TestCollection.h"
-#include <QAction>
-#include <QCheckBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMenuBar>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QTabWidget>
-#include <QTest>
 #include <optional>
 
 namespace obelmark {

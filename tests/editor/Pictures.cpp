@@ -1,10 +1,7 @@
 #include "EditorFixture.h"
 #include "pictures/PictureView.h"
 #include "pictures/frmImage.h"
-#include <QClipboard>
-#include <QDir>
-#include <QFile>
-#include <QMimeData>
+#include "support/FileFaults.h"
 
 using namespace obelmark;
 
@@ -20,6 +17,30 @@ QImage plain(int width, QColor colour = Qt::red)
     QImage image(width, 10, QImage::Format_RGB32);
     image.fill(colour);
     return image;
+}
+
+/// The argument with which the program saves a coin with a picture, and is killed.
+const QString savingArgument = u"save"_s;
+
+int saveUntilKilled(const QString &key, int change)
+{
+    ScriptedDesktop desktop;
+    SharedState shared(desktop, RegionalSettings(QLocale(u"en_US"_s)));
+    ProgramWindows windows(shared);
+    frmMain window(shared, windows);
+    window.Form_Load();
+    const auto press = [](const QWidget &where, const QString &name) {
+        gui::find<QPushButton>(where, name).click();
+    };
+    press(window, u"cmdPicture"_s);
+    if (key != u"1")
+        press(window, u"cmdAddNew"_s);
+    QGuiApplication::clipboard()->setImage(plain(40));
+    gui::find<QLineEdit>(window, u"txtDescr"_s).setText(u"new"_s);
+    press(windows.image(), u"cmdPicPaste"_s);
+    killAtChange(change);
+    press(window, u"cmdUpdate"_s);
+    std::_Exit(EXIT_SUCCESS);
 }
 
 /// The editor on coins 1 to 3, with the picture window.
@@ -118,26 +139,21 @@ private slots:
     }
 
     // A picture that was not saved goes to no coin, whether the window is open or not.
-    void cancelledPictureIsDropped_data()
-    {
-        QTest::addColumn<bool>("open");
-        QTest::newRow("window open") << true;
-        QTest::newRow("window closed") << false;
-    }
     void cancelledPictureIsDropped()
     {
-        QFETCH(bool, open);
-        PictureFixture e;
-        e.start();
-        e.openPicture();
-        e.paste(plain(30));
-        if (!open)
-            e.pressOn(u"cmdClose"_s);
-        e.press(u"cmdCancel");
-        QVERIFY(!e.shared->PictureChanged);
-        e.typeInto(u"txtDescr", u"changed"_s);
-        e.press(u"cmdUpdate");
-        QCOMPARE(e.files(), QStringList());
+        for (const bool open : {true, false}) {
+            PictureFixture e;
+            e.start();
+            e.openPicture();
+            e.paste(plain(30));
+            if (!open)
+                e.pressOn(u"cmdClose"_s);
+            e.press(u"cmdCancel");
+            QVERIFY(!e.shared->PictureChanged);
+            e.typeInto(u"txtDescr", u"changed"_s);
+            e.press(u"cmdUpdate");
+            QCOMPARE(e.files(), QStringList());
+        }
     }
 
     void pasteOfNoPicture()
@@ -183,6 +199,35 @@ private slots:
         QCOMPARE(e.shownWidth(), 0);
     }
 
+    // At whatever step a save is cut off, its coin has the new picture or the one before, and no other
+    // coin's.
+    void killedWhileSaving()
+    {
+        for (const QString &key : {u"1"_s, u"4"_s}) { // a coin that is there, a new one
+            const int before = key == u"1" ? 30 : 0;
+            int change = 1;
+            for (bool killed = true; killed && change < 300; ++change) {
+                const PictureFixture e;
+                QVERIFY(plain(30).save(e.pathOf(u"00000001.jpg"_s)) &&
+                        plain(50).save(e.pathOf(u"00000002.jpg"_s)));
+                killed = QProcess::execute(QCoreApplication::applicationFilePath(),
+                                           {savingArgument, key, QString::number(change)}) != 0;
+                QCOMPARE(e.collection.query(u"pragma integrity_check"_s), QStringList(u"ok"_s));
+                const bool isSaved =
+                    e.collection.query(u"select coinid from Coin where descr = 'new'"_s) == QStringList{key};
+                const int width = e.widthOf(u"0000000%1.jpg"_s.arg(key));
+                QVERIFY(width == before || (isSaved && width == 40));
+                QVERIFY(killed || width == 40);
+                QCOMPARE(e.widthOf(u"00000002.jpg"_s), 50);
+                // What is cut off has a name that the next start knows.
+                static const QRegularExpression known(u"^\\.obelmark-(bytes|jpeg|picture)\\.tmp$"_s);
+                for (const QString &left : e.files().filter(u"obelmark"_s))
+                    QVERIFY2(known.match(left).hasMatch(), qPrintable(left));
+            }
+            QVERIFY2(change > 10 && change < 300, qPrintable(QString::number(change)));
+        }
+    }
+
     // A folder of that name is in the way.
     void unwritablePicture()
     {
@@ -208,32 +253,26 @@ private slots:
         QCOMPARE(e.files(), QStringList(u"00000001.bmp"_s));
     }
 
-    void refusedFile_data()
-    {
-        QTest::addColumn<std::optional<QString>>("answer");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("cancelled") << std::optional<QString>() << QString();
-        QTest::newRow("not there") << std::optional(u"none.jpg"_s) << u"File not found."_s;
-        QTest::newRow("no picture")
-            << std::optional(u"coin.mdb"_s)
-            << u"The picture file 'coin.mdb' could not be read: it is no picture of a known kind."_s;
-    }
     void refusedFile()
     {
-        QFETCH(std::optional<QString>, answer);
-        QFETCH(QString, message);
-        PictureFixture e;
-        QVERIFY(plain(30).save(e.pathOf(u"00000001.jpg"_s)));
-        e.start();
-        e.openPicture();
-        e.desktop.answerOpenFile(filter, answer);
-        if (!message.isEmpty())
-            e.desktop.expectMessage(message);
-        e.pressOn(u"cmdPicLoad"_s);
-        QCOMPARE(e.desktop.problems(), QStringList());
-        QVERIFY(!e.shared->PictureChanged);
-        QVERIFY(e.isBrowsing());
-        QCOMPARE(e.shownWidth(), 30);
+        for (const auto &[answer, message] :
+             {std::pair(std::optional<QString>(), QString()),
+              {u"none.jpg"_s, u"File not found."_s},
+              {u"coin.mdb"_s,
+               u"The picture file 'coin.mdb' could not be read: it is no picture of a known kind."_s}}) {
+            PictureFixture e;
+            QVERIFY(plain(30).save(e.pathOf(u"00000001.jpg"_s)));
+            e.start();
+            e.openPicture();
+            e.desktop.answerOpenFile(filter, answer);
+            if (!message.isEmpty())
+                e.desktop.expectMessage(message);
+            e.pressOn(u"cmdPicLoad"_s);
+            QCOMPARE(e.desktop.problems(), QStringList());
+            QVERIFY(!e.shared->PictureChanged);
+            QVERIFY(e.isBrowsing());
+            QCOMPARE(e.shownWidth(), 30);
+        }
     }
 
     void droppedFile()
@@ -277,5 +316,14 @@ private slots:
     }
 };
 
-QTEST_MAIN(PicturesTest)
+int main(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.value(1) == savingArgument)
+        return saveUntilKilled(arguments[2], arguments[3].toInt());
+    PicturesTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "Pictures.moc"

@@ -1,10 +1,9 @@
 #include "editor/Program.h"
 #include "EditorFixture.h"
 #include "backup/windows/frmBackup.h"
+#include "custom_reports/windows/frmRptSpec.h"
 #include "lookups/frmCodesMaint.h"
-#include <QApplication>
-#include <QComboBox>
-#include <QSignalSpy>
+#include "support/Cases.h"
 
 using namespace obelmark;
 
@@ -15,10 +14,6 @@ const QString packTitle = u"Compact Database"_s;
 const QString closedDatabase =
     u"An error has occurred.  You may have forgotten to close a window before packing or backing up the "
     "program's database.  Please rerun the program."_s;
-const QString backupFailed = u"Backup could not be Performed.  Make sure a formatted disk with sufficient "
-                             u"free space is in the selected "
-                             "drive."_s;
-
 /// The program away from its first coin, with choices made and an edit not saved.
 struct RunningProgram
 {
@@ -54,29 +49,10 @@ class ProgramTest : public QObject
 {
     Q_OBJECT
 private slots:
-    void worksOnTheFileWithoutTheMainWindow_data()
-    {
-        QTest::addColumn<QString>("drive"); // a folder in that of the collection
-        QTest::addColumn<QString>("button");
-        QTest::addColumn<QString>("message");
-        QTest::addColumn<QString>("made");
-        const QString packFailed = u"The database could not be compacted.  The database is as it was.\n\n75  "
-                                   "%1Coinnew.mdb: Is a directory"_s;
-        QTest::newRow("backup") << u"drive"_s << u"cmdOk"_s << QString() << u"drive/coin.mdb"_s;
-        QTest::newRow("backup at home")
-            << u"drive"_s << u"cmdOk"_s << QString() << u"drive/Obelmark Backup/coin.mdb"_s;
-        QTest::newRow("backup cancelled") << u"drive"_s << u"cmdCancel"_s << QString() << QString();
-        QTest::newRow("backup onto itself") << u"."_s << u"cmdOk"_s << backupFailed << QString();
-        QTest::newRow("backup without a drive") << QString() << u"cmdOk"_s << backupFailed << QString();
-        QTest::newRow("pack") << QString() << QString() << QString() << u"Coindb.bak"_s;
-        QTest::newRow("pack that fails") << QString() << QString() << packFailed << QString();
-    }
+    void worksOnTheFileWithoutTheMainWindow_data() { cases::add(); }
     void worksOnTheFileWithoutTheMainWindow()
     {
-        QFETCH(QString, drive);
-        QFETCH(QString, button);
-        QFETCH(QString, message);
-        QFETCH(QString, made);
+        const auto [name, drive, button, made, message] = cases::row<5>();
         RunningProgram p;
         const QString folder = p.shared->AppFolder;
         QSignalSpy ended(&*p.program, &Program::ended);
@@ -225,6 +201,35 @@ private slots:
         p.desktop.expectMessage(closedDatabase);
         QVERIFY_THROWS_EXCEPTION(ProgramEnded, gui::find<QPushButton>(countries, u"cmdNext"_s).click());
         QCOMPARE(p.desktop.problems(), QStringList());
+    }
+
+    void oneReportDesignerAtATime()
+    {
+        EditorFixture e;
+        e.start();
+        QVERIFY(gui::trigger(*e.window, u"mnuRptCustom"_s));
+        QCOMPARE(e.desktop.surprises().size(), 1); // there is no catalogue
+        QVERIFY(e.desktop.surprises().first().contains(u"rptspec.mdb"));
+        e.desktop.reset();
+
+        QVERIFY(QFile::copy(QStringLiteral(OBELMARK_DATA_DIR "/rptspec.mdb"), u"rptspec.mdb"_s));
+        QVERIFY(gui::trigger(*e.window, u"mnuRptCustom"_s));
+        QPointer<frmRptSpec> designer = &e.windows->designer();
+        QVERIFY(gui::activate(*designer));
+        gui::find<QListWidget>(*designer, u"List1"_s).setCurrentRow(0);
+        QVERIFY(gui::click(gui::find<QWidget>(*designer, u"cmdAdd"_s)));
+        gui::activate(*e.window);
+        QVERIFY(gui::trigger(*e.window, u"mnuRptCustom"_s));
+        QVERIFY(gui::activate(*designer));
+        QCOMPARE(&e.windows->designer(), designer);
+        QVERIFY(e.desktop.problems().isEmpty());
+
+        // It is there until the program ends, which asks nothing.
+        e.window->close();
+        QVERIFY(designer && designer->isVisible());
+        e.close();
+        QVERIFY(!designer);
+        QVERIFY(e.desktop.problems().isEmpty());
     }
 };
 

@@ -4,7 +4,6 @@
 #include "support/Cases.h"
 
 using namespace obelmark;
-using namespace Qt::StringLiterals;
 
 class DatesTest : public QObject
 {

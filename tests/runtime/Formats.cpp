@@ -7,7 +7,6 @@
 #include <cstdio>
 
 using namespace obelmark;
-using namespace Qt::StringLiterals;
 
 /// The argument with which the program shows the settings of its system instead of testing.
 static constexpr auto systemSettings = "--system-settings"_L1;

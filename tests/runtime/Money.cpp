@@ -6,7 +6,6 @@
 #include <limits>
 
 using namespace obelmark;
-using namespace Qt::StringLiterals;
 
 static constexpr qint64 most = std::numeric_limits<qint64>::max();
 static constexpr qint64 least = std::numeric_limits<qint64>::min();

@@ -7,6 +7,8 @@
 
 namespace obelmark {
 
+using namespace Qt::StringLiterals;
+
 /// "C" or a name such as "de_DE".
 inline RegionalSettings region(const QString &name)
 {

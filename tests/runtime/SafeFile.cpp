@@ -1,17 +1,12 @@
 #include "runtime/SafeFile.h"
 
 #include "Regions.h"
+#include "support/FileFaults.h"
 
-#include <QtCore>
-
-#include <csignal>
-#include <sys/mount.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 using namespace obelmark;
-using namespace Qt::StringLiterals;
 
 static QByteArray contents(const QString &path)
 {
@@ -174,62 +169,37 @@ private slots:
                         u"Permission denied: '%1'"_s.arg(path));
     }
 
-    /// A limit for the size of files makes every further write fail, whoever runs the test.
+    /// Whatever change to the disk fails, the file is the old one or the new one, and nothing lies beside it.
     void failingWriteLeavesTheOldFile()
     {
-        put(m_path, "old");
-        rlimit before{};
-        QCOMPARE(::getrlimit(RLIMIT_FSIZE, &before), 0);
-        const auto handler = ::signal(SIGXFSZ, SIG_IGN);
-        const auto back = qScopeGuard([&] {
-            ::setrlimit(RLIMIT_FSIZE, &before);
-            ::signal(SIGXFSZ, handler);
-        });
-        const rlimit limit{100'000, before.rlim_max};
-        QCOMPARE(::setrlimit(RLIMIT_FSIZE, &limit), 0);
-        const QString description = u"Path/File access error: '%1' (File too large)"_s.arg(m_path);
-        {
-            SafeFile file(m_path);
-            file.write(QByteArray(90'000, 'x'));
-            verifyError([&] { file.write(QByteArray(90'000, 'y')); }, PathFileAccess, description);
-            // It cannot be put in place half written, not even when there is room again.
-            ::setrlimit(RLIMIT_FSIZE, &before);
-            verifyError([&] { file.commit(); }, PathFileAccess, description);
-        }
-        QCOMPARE(contents(m_path), "old");
-        QCOMPARE(entries(m_folder->path()).size(), 1);
-
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-        SafeFile small(m_path);
-        small.write("fits");
-        small.commit();
-        QCOMPARE(contents(m_path), "fits");
-    }
-
-    /// On a real full disk where mounting one is permitted; failingWriteLeavesTheOldFile() holds everywhere.
-    void fullDisk()
-    {
-        const QByteArray disk = QFile::encodeName(m_folder->path());
-        if (::mount("tmpfs", disk.constData(), "tmpfs", 0, "size=256k") != 0) {
-            qInfo("no disk of its own can be mounted here");
-            return;
-        }
-        const auto back = qScopeGuard([&] { ::umount2(disk.constData(), MNT_DETACH); });
-        put(m_path, "old");
         const QString description = u"Disk full: '%1'"_s.arg(m_path);
-        {
+        put(m_path, "old");
+        QVERIFY(runWithFault(Fault::FailsOnce, 1, [&] {
             SafeFile file(m_path);
             verifyError([&] { file.write(QByteArray(400'000, 'x')); }, DiskFull, description);
-        }
+            // It cannot be put in place half written, not even when there is room again.
+            verifyError([&] { file.commit(); }, DiskFull, description);
+        }));
         QCOMPARE(contents(m_path), "old");
         QCOMPARE(entries(m_folder->path()).size(), 1);
-        {
-            put(m_folder->filePath(u"other"_s), QByteArray(244 * 1024, 'x'));
-            SafeFile file(m_path);
-            file.write(QByteArray(40'000, 'x')); // still collected
-            verifyError([&] { file.commit(); }, DiskFull, description);
+
+        const QByteArray fresh(40'000, 'x'); // collected until it is committed
+        int change = 1;
+        for (bool came = true; came; ++change) {
+            put(m_path, "old");
+            bool failed = false;
+            came = runWithFault(Fault::FailsOnce, change, [&] {
+                failed = errorNumber([&] {
+                    SafeFile file(m_path);
+                    file.write(fresh);
+                    file.commit();
+                });
+            });
+            QCOMPARE(failed, came);
+            QVERIFY(contents(m_path) == fresh || (failed && contents(m_path) == "old"));
+            QCOMPARE(entries(m_folder->path()).size(), 1);
         }
-        QCOMPARE(contents(m_path), "old");
+        QVERIFY(change > 4); // writing, flushing, renaming, flushing the folder
     }
 
 private:

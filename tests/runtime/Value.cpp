@@ -4,7 +4,6 @@
 #include "runtime/TextEncoding.h"
 
 using namespace obelmark;
-using namespace Qt::StringLiterals;
 
 class ValueTest : public QObject
 {

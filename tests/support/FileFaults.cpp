@@ -1,4 +1,4 @@
-#include "backup/FileFaults.h"
+#include "support/FileFaults.h"
 
 #include <cerrno>
 #include <csignal>
@@ -59,6 +59,11 @@ int unlink(const char *path) noexcept
 {
     return change<int>("unlink", EACCES, path);
 }
+}
+
+void obelmark::killAtChange(int change)
+{
+    state = {.armed = true, .fault = Fault::Killed, .at = change};
 }
 
 bool obelmark::runWithFault(Fault fault, int change, const std::function<void()> &work)
