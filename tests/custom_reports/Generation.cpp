@@ -8,12 +8,12 @@
 #include "documents/ReportPreview.h"
 #include "engine/language/EngineError.h"
 #include "runtime/Formats.h"
+#include "support/Cases.h"
 #include "support/ScriptedDesktop.h"
 #include "support/TestCollection.h"
 #include <QtTest>
 
 using namespace obelmark;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -24,31 +24,21 @@ enum Field { Descr = 1, Country, CountryCode, Bought, Price, Sold, Struck, Mint,
 
 QList<CatalogueField> catalogueRows()
 {
-    const auto row = [](int specid, const QString &desc, const QString &column, FieldKind kind,
-                        const QString &table = {}, const QString &link = {}) {
+    QList<CatalogueField> fields;
+    for (const QString &line : cases::linesOf(u"Generation"_s, u"catalogue"_s)) {
+        const QStringList cells = cases::cellsOf(line);
         CatalogueField field;
-        field.specid = specid;
+        field.specid = cells[0].toInt();
         field.usewith = u"coin"_s;
-        field.desc = desc;
-        field.fieldname = column;
-        field.datatype = kind;
-        field.IsCurrency = specid == Price;
-        field.FileName = table;
-        field.linkfield = link;
-        return field;
-    };
-    return {
-        row(Bought, u"Bought"_s, u"PurchaseDate"_s, FieldKind::Date),
-        row(Country, u"Country"_s, u"coudesc"_s, FieldKind::Text, u"country"_s, u"couid"_s),
-        row(CountryCode, u"Country Code"_s, u"couid"_s, FieldKind::Number, u"country"_s, u"couid;couid"_s),
-        row(Descr, u"Description"_s, u"descr"_s, FieldKind::Text),
-        row(CoinKey, u"Key of Country"_s, u"couid"_s, FieldKind::Number),
-        row(Mint, u"Mint"_s, u"mindesc"_s, FieldKind::Text, u"mint"_s, u"minid"_s),
-        row(Price, u"Price"_s, u"pricepaid"_s, FieldKind::Number),
-        row(Quantity, u"Quantity"_s, u"quantity"_s, FieldKind::Number),
-        row(Sold, u"Sold"_s, u"sold"_s, FieldKind::YesNo),
-        row(Struck, u"Struck"_s, u"struck"_s, FieldKind::Time),
-        row(Year, u"Year"_s, u"Year"_s, FieldKind::Number, u"Coin"_s)};
+        field.desc = cells[1];
+        field.fieldname = cells[2];
+        field.datatype = FieldKind(cells[3].toInt());
+        field.IsCurrency = field.specid == Price;
+        field.FileName = cells.value(4);
+        field.linkfield = cells.value(5);
+        fields << field;
+    }
+    return fields;
 }
 
 struct Report : ReportDefinition
@@ -76,43 +66,22 @@ Date at(const QString &iso)
     return fromIsoText(iso).value();
 }
 
-/// One criterion as the designer sets it, and as somebody writes it who asks SQLite.
-struct Criterion
+/// Sets what a criterion of the table says of its field: "LessThan 5; SelTrue".
+void set(Report &report, const QStringList &criterion)
 {
-    const char *name;
-    void (*set)(Report &);
-    const char *sql;
-};
-
-const Criterion criteria[] = {
-    {"starts with, any case", [](Report &r) { r.of(Descr).StartsWith = u"ab"_s; },
-     "lower(substr(descr, 1, 2)) = 'ab'"},
-    {"a quote", [](Report &r) { r.of(Descr).StartsWith = u"O'"_s; }, "substr(descr, 1, 2) = 'O''' "},
-    {"in a lookup table", [](Report &r) { r.of(Country).StartsWith = u"Fr"_s; }, "couid in (2, 3)"},
-    {"money below", [](Report &r) { r.of(Price).LessThan = u"1,000.5"_s; }, "pricepaid < 10005000"},
-    {"money above, finer than it", [](Report &r) { r.of(Price).GreaterThan = u"$2.50005"_s; },
-     "pricepaid > 25000"},
-    {"a span of money",
-     [](Report &r) {
-         r.of(Price).GreaterThan = u"(5)"_s;
-         r.of(Price).LessThan = u"3"_s;
-     },
-     "pricepaid between -49999 and 29999"},
-    {"number above", [](Report &r) { r.of(Year).GreaterThan = u"1899.5"_s; }, "Year >= 1900"},
-    {"first date", [](Report &r) { r.of(Bought).StartValue = at(u"2005-01-05"_s); },
-     "PurchaseDate >= '2005-01-05'"},
-    {"last date", [](Report &r) { r.of(Bought).EndValue = at(u"1899-12-05"_s); },
-     "PurchaseDate < '1899-12-06'"},
-    {"both dates the same",
-     [](Report &r) { r.of(Bought).StartValue = r.of(Bought).EndValue = at(u"2005-01-05T18:00:00"_s); },
-     "PurchaseDate = '2005-01-05'"},
-    {"true", [](Report &r) { r.of(Sold).SelTrue = true; }, "sold = 1"},
-    {"false", [](Report &r) { r.of(Sold).SelFalse = true; }, "ifnull(sold, 0) = 0"},
-    {"from a time", [](Report &r) { r.of(Struck).StartValue = at(u"1899-12-30T10:30:00"_s); },
-     "time(struck) >= '10:30:00'"},
-    {"to a time", [](Report &r) { r.of(Struck).EndValue = at(u"1899-12-30T18:15:42"_s); },
-     "time(struck) <= '18:15:42'"},
-};
+    FieldOptions &options = report.of(criterion[0].toInt());
+    for (const QString &option : criterion[1].split(u"; "_s)) {
+        const QString name = option.section(u' ', 0, 0), value = option.section(u' ', 1);
+        const auto moment = fromIsoText(value).value_or(Date{});
+        name == u"StartsWith"    ? void(options.StartsWith = value)
+        : name == u"LessThan"    ? void(options.LessThan = value)
+        : name == u"GreaterThan" ? void(options.GreaterThan = value)
+        : name == u"StartValue"  ? void(options.StartValue = moment)
+        : name == u"EndValue"    ? void(options.EndValue = moment)
+        : name == u"SelTrue"     ? void(options.SelTrue = true)
+                                 : void(options.SelFalse = true);
+    }
+}
 
 /// A collection of coins with every kind of value, and nulls.
 QString coins()
@@ -224,34 +193,34 @@ private slots:
             QString name;
             QStringList rows;
         };
-        std::vector<Case> cases;
-        for (size_t a = 0; a < std::size(criteria); ++a) {
-            for (size_t b = a; b < std::size(criteria); ++b) {
+        std::vector<Case> all;
+        const QStringList lines = cases::linesOf(u"Generation"_s, u"criteria"_s);
+        for (qsizetype i = 0; i < lines.size(); ++i) {
+            for (qsizetype j = i; j < lines.size(); ++j) {
+                const QStringList a = cases::cellsOf(lines[i]), b = cases::cellsOf(lines[j]);
                 // A field has room for one beginning, one bound of a kind, one answer.
                 Case c;
-                criteria[a].set(c.report);
-                criteria[b].set(c.report);
+                set(c.report, a);
+                set(c.report, b);
                 Report other({Quantity});
-                criteria[b].set(other);
-                criteria[a].set(other);
-                if (a != b && c.report.options != other.options)
+                set(other, b);
+                set(other, a);
+                if (i != j && c.report.options != other.options)
                     continue;
                 for (const int field : {Descr, Country, Price, Year, Bought, Sold, Struck}) {
                     c.report.of(field).HideField = true;
                     c.report.fields << field;
                 }
                 c.report.sortBy(Quantity);
-                c.name =
-                    QString::fromLatin1(criteria[a].name) + u" & "_s + QString::fromLatin1(criteria[b].name);
-                c.rows = rowsOf(u"(%1) and (%2)"_s.arg(QString::fromLatin1(criteria[a].sql),
-                                                       QString::fromLatin1(criteria[b].sql)));
-                QVERIFY2(a != b || (!c.rows.isEmpty() && c.rows.size() < 1260), criteria[a].name);
+                c.name = lines[i] + u" & "_s + lines[j];
+                c.rows = rowsOf(u"(%1) and (%2)"_s.arg(a[2], b[2]));
+                QVERIFY2(i != j || (!c.rows.isEmpty() && c.rows.size() < 1260), qPrintable(c.name));
                 if (!c.rows.isEmpty())
-                    cases.push_back(c);
+                    all.push_back(c);
             }
         }
-        QVERIFY(cases.size() > 70);
-        for (const Case &c : cases)
+        QVERIFY(all.size() > 70);
+        for (const Case &c : all)
             QVERIFY2(f.written(c.report) == c.rows.join(u"\r\n"_s) + u"\r\n"_s, qPrintable(c.name));
         QCOMPARE(f.desktop.problems(), QStringList());
     }

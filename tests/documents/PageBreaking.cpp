@@ -4,12 +4,10 @@
 #include "documents/ReportDocument.h"
 #include "documents/ReportFont.h"
 #include "documents/TableGrammar.h"
+#include "support/Cases.h"
 
-#include <QFontInfo>
-#include <QImage>
-#include <QPainter>
-#include <QTest>
-#include <QTextLayout>
+#include <QtGui>
+#include <QtTest>
 
 using namespace obelmark;
 using namespace Qt::StringLiterals;
@@ -88,26 +86,14 @@ private slots:
     }
 
     // Ten lines fit on a page, nine with the padding of a row.
-    void rowsAreDealtOut_data()
-    {
-        QTest::addColumn<QList<int>>("lines");
-        QTest::addColumn<QString>("starts"); // row.line
-        QTest::newRow("none") << QList<int>() << u"0.0"_s;
-        QTest::newRow("full to the last line") << QList<int>{4, 4} << u"0.0"_s;
-        QTest::newRow("a row stays whole") << QList<int>{4, 5, 3} << u"0.0 1.0"_s;
-        QTest::newRow("a row of a page") << QList<int>{1, 9, 1} << u"0.0 1.0 2.0"_s;
-        QTest::newRow("a taller one is divided where it stands") << QList<int>{4, 12, 3} << u"0.0 1.4 2.0"_s;
-        QTest::newRow("but not after one line") << QList<int>{7, 12, 3} << u"0.0 1.0 1.9"_s;
-        QTest::newRow("over several pages") << QList<int>{27, 1} << u"0.0 0.9 0.18 1.0"_s;
-    }
+    void rowsAreDealtOut_data() { cases::add(); }
     void rowsAreDealtOut()
     {
-        QFETCH(QList<int>, lines);
-        QFETCH(QString, starts);
+        const auto [name, lines, starts] = cases::row<3>();
         PageBreaker breaker;
         breaker.start({.height = 100, .lineHeight = 10, .padding = 10});
-        for (const int count : lines)
-            breaker.add(count);
+        for (const QString &count : lines.split(u' ', Qt::SkipEmptyParts))
+            breaker.add(count.toInt());
         QStringList found;
         for (qsizetype page = 0; page < breaker.pageCount(); ++page) {
             const auto start = breaker.pageStart(page);
@@ -160,36 +146,13 @@ private slots:
         QCOMPARE(rowsWith(document, u"totals"_s), (QList<QList<qsizetype>>{{}, {}, {120}}));
     }
 
-    void nothingLeavesThePage_data()
-    {
-        QTest::addColumn<QPageSize::PageSizeId>("paper");
-        QTest::addColumn<QString>("format");
-        QTest::addColumn<QString>("row");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("right"); // edge of the text, in twips from the margin; 0: within the page
-        const QString seven = u"3560|>7040;"_s;
-        QTest::newRow("widest report, A4") << QPageSize::A4 << seven << u"a|$9;"_s << u"$9"_s << 10540;
-        QTest::newRow("widest report, Letter")
-            << QPageSize::Letter << seven << u"a|$9;"_s << u"$9"_s << 10540;
-        QTest::newRow("wider than the page")
-            << QPageSize::A4 << u"9000|9000|>9000;"_s << u"a|b|last;"_s << u"last"_s << 0;
-        QTest::newRow("more cells than columns")
-            << QPageSize::A4 << seven << u"a|b|more;"_s << u"more"_s << 0;
-        QTest::newRow("very many more")
-            << QPageSize::A4 << seven << u"x|"_s.repeated(40) + u"more;"_s << u"more"_s << 0;
-        QTest::newRow("no columns") << QPageSize::A4 << u";"_s << u"only;"_s << u"only"_s << 0;
-        QTest::newRow("a word wider than its column")
-            << QPageSize::A4 << u"600;"_s << u"Indivisible;"_s << u"Indivisible"_s << 540;
-    }
+    void nothingLeavesThePage_data() { cases::add(); }
     void nothingLeavesThePage()
     {
-        QFETCH(QPageSize::PageSizeId, paper);
-        QFETCH(QString, format);
-        QFETCH(QString, row);
-        QFETCH(QString, text);
-        QFETCH(int, right);
+        const auto [name, paper, format, row, text, edgeOfText] = cases::row<6>();
+        const int right = edgeOfText.toInt();
         ReportDocument document;
-        document.setPage({QPageSize(paper)});
+        document.setPage({QPageSize(paper == u"A4" ? QPageSize::A4 : QPageSize::Letter)});
         document.start({});
         document.addTable(format, row);
         const auto found = document.matchRects(0, text);
@@ -203,26 +166,12 @@ private slots:
             QVERIFY(qAbs(found[0].rect.right() - pageMarginX - right) < 1);
     }
 
-    void amountIsSqueezedNotBroken_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("width"); // of the column, in twips
-        QTest::addColumn<bool>("squeezed");
-        QTest::newRow("amount") << u"$500.00"_s << 720 << true;
-        QTest::newRow("negative") << u"-$500.00"_s << 720 << true;
-        QTest::newRow("sign of a letter not plain") << u"¤500.00\u0301"_s << 720 << true;
-        QTest::newRow("grouped by blanks") << u"10\u00A0500,00"_s << 900 << true;
-        QTest::newRow("far too wide") << u"$500,000,000.00"_s << 720 << false;
-        QTest::newRow("two words") << u"Fine $500.00"_s << 1200 << false;
-        QTest::newRow("hyphen") << u"Half-dollar"_s << 900 << false;
-        QTest::newRow("line break") << u"$500\n"_s << 400 << false;
-        QTest::newRow("long word") << QString(25, u'i') << 1200 << false;
-    }
+    void amountIsSqueezedNotBroken_data() { cases::add(); }
     void amountIsSqueezedNotBroken()
     {
-        QFETCH(QString, text);
-        QFETCH(int, width);
-        QFETCH(bool, squeezed);
+        const auto [name, text, twips, kind] = cases::row<4>();
+        const int width = twips.toInt();
+        const bool squeezed = kind == u"squeezed";
         ReportDocument document;
         document.setPage(letter);
         document.start({});

@@ -1,16 +1,12 @@
 #include "reports/CannedReports.h"
 #include "reports/ReportFixture.h"
 #include "runtime/NumberedError.h"
-
-#include <QDir>
-#include <QTest>
+#include "support/Cases.h"
 
 using namespace obelmark;
-using namespace Qt::StringLiterals;
 using Answer = Desktop::Answer;
 
 using Report = std::function<void(SharedState &, ReportPreview &)>;
-Q_DECLARE_METATYPE(Report)
 
 namespace {
 
@@ -29,20 +25,15 @@ constexpr char16_t coins[] =
     " ('Laurel', null, 200000, 1620, 1, 2, null, null, null, null, 0, 0, 1),"
     " ('Unicorn', null, null, null, 5, null, null, 100000, null, null, 0, 0, 1)";
 
-constexpr char htmlEnd[] = "</table>\n"
-                           "<H6>List Produced by <A HREF=\"https://obelmark.example/\">Obelmark</A></H6>\n"
-                           "</body>\n</html>\n";
-
-QByteArray crLf(QByteArray lines)
-{
-    return lines.replace('\n', "\r\n");
-}
+const QStringList htmlEnd{u"</table>"_s,
+                          u"<H6>List Produced by <A HREF=\"https://obelmark.example/\">Obelmark</A></H6>"_s,
+                          u"</body>"_s, u"</html>"_s};
 
 /// The grouped list of that mode; the selection dialog is answered with the key, or cancelled.
 Report coinsBy(qint16 mode, std::optional<qint32> selected)
 {
     return [=](SharedState &shared, ReportPreview &preview) {
-        shared.ReportGroupMode = Lookup(mode);
+        shared.ReportGroupMode = mode;
         RptCoinsBy(shared, preview, [&] {
             shared.FindCancelled = !selected;
             shared.SelectedGroupID = selected.value_or(0);
@@ -50,172 +41,54 @@ Report coinsBy(qint16 mode, std::optional<qint32> selected)
     };
 }
 
+const std::map<QString, Report> reports{{u"coin list"_s, RptCoinList}, {u"by country"_s, coinsBy(3, -1)},
+                                        {u"value"_s, RptValue},        {u"sales"_s, RptSales},
+                                        {u"for sale"_s, RptForSale},   {u"want list"_s, RptWantList},
+                                        {u"sellers"_s, RptSellers}};
+
 } // namespace
 
 class CannedReportsTest : public QObject
 {
     Q_OBJECT
 private slots:
-    void files_data()
-    {
-        QTest::addColumn<Report>("report");
-        QTest::addColumn<int>("target");
-        QTest::addColumn<QString>("proposedName");
-        QTest::addColumn<QString>("filter");
-        QTest::addColumn<QByteArray>("lines");
-        const auto add = [](const char *name, const Report &report, const QString &textName,
-                            const QByteArray &text, const QString &htmlName, const QString &htmlLabel,
-                            const QByteArray &html) {
-            QTest::addRow("%s, text", name)
-                << report << 2 << textName << u"Text Files (*.txt)|*.txt|All Files (*.*)|*.*"_s << text;
-            QTest::addRow("%s, web", name)
-                << report << 3 << htmlName << htmlLabel + u" Files (*.htm)|*.htm|All Files (*.*)|*.*"_s
-                << html + htmlEnd;
-        };
-        add("coin list", RptCoinList, u"CoinDesc.txt"_s,
-            "a\tbc \"d\" <e> & %1\t\t\t\t\n"
-            "Zloty\tY 1\t$1.00\t1932\t3\n"
-            "Δραχμή\tKM 5\t$0.50\t1973\t2\n",
-            u"coindesc.htm"_s, u"Html"_s,
-            "<html>\n<head><title>Coin List</title></head>\n<body>\n<table border=1>\n<tr><th colspan=4>Coin "
-            "List</th></tr>\n<tr><th>Description</th>\n<th>Cat #</th>\n<th>Face "
-            "Value</th>\n<th>Year</th>\n<th>Quantity</th></tr>\n"
-            R"(<tr><td>a|b;c "d" <e> & %1</td><td></td><td>&nbsp;</td><td></td><td></td></tr>
-<tr><td>Zloty</td><td>Y 1</td><td>$1.00</td><td>1932</td><td>3</td></tr>
-<tr><td>Δραχμή</td><td>KM 5</td><td>$0.50</td><td>1973</td><td>2</td></tr>
-)");
-        add("by country", coinsBy(3, -1), u"Coin.txt"_s,
-            "\ta\tbc \"d\" <e> & %1\t\t\t\t\n"
-            "Greece\tΔραχμή\tKM 5\t$0.50\t1973\t2\n"
-            "Poland\tZloty\tY 1\t$1.00\t1932\t3\n"
-            "\t\t\t\t\t5\n",
-            u"coin.htm"_s, u"Html"_s,
-            "<html>\n<head><title>Coins by Country</title></head>\n<body>\n<table border=1>\n<tr><th "
-            "colspan=5>Coins by Country</th></tr>\n<tr><th>Country</th>\n<th>Description</th>\n<th>Cat "
-            "#</th>\n<th>Face Value</th>\n<th>Year</th>\n<th>Quantity</th></tr>\n"
-            R"(<tr><td></td><td>a|b;c "d" <e> & %1</td><td></td><td>&nbsp;</td><td></td><td align=right></td></tr>
-<tr><td>Greece</td><td>Δραχμή</td><td>KM 5</td><td align=right>$0.50</td><td>1973</td><td align=right>2</td></tr>
-<tr><td>Poland</td><td>Zloty</td><td>Y 1</td><td align=right>$1.00</td><td>1932</td><td align=right>3</td></tr>
-<tr><td>Total Coins</td><td align=right colspan=5>5</td></tr>
-)");
-        add("value", RptValue, u"Value.txt"_s,
-            "a\tbc \"d\" <e> & %1\t\t\t$0.00\t\t$1.00\t\n"
-            "Zloty\tY 1\t3\t$2.50\t$7.50\t$4.00\t$12.00\n"
-            "Δραχμή\tKM 5\t2\t$1.23\t$2.47\t$123,456.78\t$246,913.56\n"
-            "\t\t5\t\t$9.97\t\t$246,925.56\n"
-            "\t\t\t\t\t\t$246,915.59\n",
-            u"value.htm"_s, u"html"_s,
-            "<html>\n<head><title>Coin Collection Value </title></head>\n<body>\n<table border=1>\n<tr><th "
-            "colspan=7>Coin Collection Value</th></tr>\n<tr><th>Description</th>\n<th>Cat "
-            "#</th>\n<th>Quantity</th>\n<th>Paid Each</th>\n<th>Total Paid</th>\n<th>Value "
-            "Each</th>\n<th>Total Value</th></tr>\n"
-            R"(<tr><td>a|b;c "d" <e> & %1</td><td></td><td align=right></td><td align=right>$0.00</td><td align=right></td><td align=right>$1.00</td><td align=right></td></tr>
-<tr><td>Zloty</td><td>Y 1</td><td align=right>3</td><td align=right>$2.50</td><td align=right>$7.50</td><td align=right>$4.00</td><td align=right>$12.00</td></tr>
-<tr><td>Δραχμή</td><td>KM 5</td><td align=right>2</td><td align=right>$1.23</td><td align=right>$2.47</td><td align=right>$123,456.78</td><td align=right>$246,913.56</td></tr>
-<tr><td>Totals</td><td align=right colspan=2>5</td><td align=right colspan=2>$9.97</td><td align=right colspan=2>$246,925.56</td></tr>
-<tr><td>Value Minus Cost</td><td align=right colspan=6>$246,915.59</td></tr>
-)");
-        add("sales", RptSales, u"Sales.txt"_s,
-            "Penny\t\t1\t$7.50\t$7.50\t$0.00\t$0.00\n"
-            "Shilling\t\t2\t$1.50\t$3.00\t$6.17\t$12.35\n"
-            "\t\t3\t\t10.5\t\t12.345\n"
-            "\t\t\t\t\t\t1.845\n",
-            u"sales.htm"_s, u"Html"_s,
-            "<html>\n<head><title>Coin Sales Report</title></head>\n<body>\n<table border=1>\n<tr><th "
-            "colspan=7>Coin Sales Report</th></tr>\n<tr><th>Description</th>\n<th>Cat "
-            "#</th>\n<th>Quantity</th>\n<th>Paid Each</th>\n<th>Total Paid</th>\n<th>Sale Price "
-            "Each</th>\n<th>Total Sales</th></tr>\n"
-            R"(<tr><td>Penny</td><td></td><td align=right>1</td><td align=right>$7.50</td><td align=right>$7.50</td><td align=right>$0.00</td><td align=right>$0.00</td></tr>
-<tr><td>Shilling</td><td></td><td align=right>2</td><td align=right>$1.50</td><td align=right>$3.00</td><td align=right>$6.17</td><td align=right>$12.35</td></tr>
-<tr><td>Totals</td><td align=right colspan=2>3</td><td align=right colspan=2>$10.50</td><td align=right colspan=2>$12.35</td></tr>
-<tr><td>Sale Price Minus Cost</td><td align=right colspan=6>$1.85</td></tr>
-)");
-        add("for sale", RptForSale, u"ForSale.txt"_s,
-            "Shilling\t\t\t$0.00\t\t$6.17\n"
-            "Zloty\tY 1\tPoland\t$1.00\t1932\t$12,345.67\n",
-            u"forsale.htm"_s, u"Html"_s,
-            "<html>\n<head><title>Coins For Sale</title></head>\n<body>\n<table border=1>\n<tr><th "
-            "colspan=4>Coins For Sale</th></tr>\n<tr><th>Description</th>\n<th>Cat "
-            "#</th>\n<th>Country</th>\n<th>Face</th>\n<th>Year</th>\n<th>Price</th></tr>\n"
-            R"(<tr><td>Shilling</td><td></td><td></td><td>$0.00</td><td></td><td align=right>$6.17</td></tr>
-<tr><td>Zloty</td><td>Y 1</td><td>Poland</td><td>$1.00</td><td>1932</td><td align=right>$12,345.67</td></tr>
-)");
-        add("want list", RptWantList, u"WantList.txt"_s,
-            "Laurel\t\tGreece\t$20.00\t1620\t$0.00\n"
-            "Unicorn\t\t\t\t\t$10.00\n"
-            "\t\t\t\t\t$10.00\n",
-            u"wantlist.htm"_s, u"Html"_s,
-            "<html>\n<head><title>Coin Want List </title></head>\n<body>\n<table border=1>\n<tr><th "
-            "colspan=4>Coin Want List</th></tr>\n<tr><th>Description</th>\n<th>Cat "
-            "#</th>\n<th>Country</th>\n<th>Face</th>\n<th>Year</th>\n<th>Will Pay</th></tr>\n"
-            R"(<tr><td>Laurel</td><td></td><td>Greece</td><td align=right>$20.00</td><td>1620</td><td align=right>$0.00</td></tr>
-<tr><td>Unicorn</td><td></td><td></td><td>&nbsp;</td><td></td><td align=right>$10.00</td></tr>
-<tr><td align=right colspan=5>$10.00</td></tr>
-)");
-        add("sellers", RptSellers, u"Sellers.txt"_s,
-            "\tBob\t\t\n"
-            " * \tÉva\t1\t2\tfirst line\nsecond last\n",
-            u"sellers.htm"_s, u"html"_s,
-            "<html>\n<head><title>Seller List</title></head>\n<body>\n<table border=1>\n<tr><th "
-            "colspan=4>Seller "
-            "List</th></tr>\n<tr><th>Favorite</th>\n<th>Seller</th>\n<th>Phone</th>\n<th>Notes</tr>\n"
-            R"(<tr><td></td><td>Bob</td><td></td><td></td></tr>
-<tr><td align=center>*</td><td>Éva</td><td>1|2</td><td>first line
-second; last</td></tr>
-)");
-    }
+    void files_data() { cases::add(); }
     void files()
     {
-        QFETCH(Report, report);
-        QFETCH(int, target);
-        QFETCH(QString, proposedName);
-        QFETCH(QString, filter);
-        QFETCH(QByteArray, lines);
-        ReportFixture f(QString::fromUtf16(coins));
-        f.shared.OutputTarget = ReportKind(target);
-        f.desktop.answerSaveFile(proposedName, filter, f.file());
-        report(f.shared, f.preview);
-        QCOMPARE(f.desktop.problems(), QStringList());
-        QCOMPARE(f.content(), crLf(lines));
-        QVERIFY(f.shared.RepeatHeading);
-        QCOMPARE(f.preview.shows, 0);
+        const auto [name, textName, htmlName, label] = cases::row<4>();
+        for (const bool isText : {true, false}) {
+            ReportFixture f(QString::fromUtf16(coins));
+            f.shared.OutputTarget = isText ? 2 : 3;
+            f.desktop.answerSaveFile(isText ? textName : htmlName,
+                                     isText ? u"Text Files (*.txt)|*.txt|All Files (*.*)|*.*"_s
+                                            : label + u" Files (*.htm)|*.htm|All Files (*.*)|*.*"_s,
+                                     f.file());
+            reports.at(name)(f.shared, f.preview);
+            QCOMPARE(f.desktop.problems(), QStringList());
+            QStringList lines =
+                cases::linesOf(u"CannedReports"_s, name + (isText ? u", text"_s : u", web"_s));
+            if (!isText)
+                lines << htmlEnd;
+            const QString expected = lines.join(u"\r\n"_s).replace(u"\\t"_s, u"\t"_s) + u"\r\n"_s;
+            QCOMPARE(QString::fromUtf8(f.content()), expected);
+            QVERIFY(f.shared.RepeatHeading);
+            QCOMPARE(f.preview.shows, 0);
+        }
     }
 
     // The six modes of the grouped list: each by its own table, one entry alone.
-    void groups_data()
-    {
-        QTest::addColumn<int>("mode");
-        QTest::addColumn<QString>("table");
-        QTest::addColumn<QString>("key");
-        QTest::addColumn<QString>("description");
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<QString>("heading");
-        QTest::newRow("1") << 1 << u"category"_s << u"catid"_s << u"catdesc"_s << u"Coins by Category"_s
-                           << u"Category"_s;
-        QTest::newRow("3") << 3 << u"country"_s << u"couid"_s << u"coudesc"_s << u"Coins by Country"_s
-                           << u"Country"_s;
-        QTest::newRow("4") << 4 << u"format"_s << u"forid"_s << u"fordesc"_s << u"Coins by Format"_s
-                           << u"Format"_s;
-        QTest::newRow("5") << 5 << u"mint"_s << u"minid"_s << u"mindesc"_s << u"Coins by Mint"_s << u"Mint"_s;
-        QTest::newRow("6") << 6 << u"boughtfrom"_s << u"bouid"_s << u"boudesc"_s << u"Coins by Seller"_s
-                           << u"Seller"_s;
-        QTest::newRow("7") << 7 << u"type"_s << u"typid"_s << u"typdesc"_s << u"Coins by Type"_s << u"Type"_s;
-    }
+    void groups_data() { cases::add(); }
     void groups()
     {
-        QFETCH(int, mode);
-        QFETCH(QString, table);
-        QFETCH(QString, key);
-        QFETCH(QString, description);
-        QFETCH(QString, title);
-        QFETCH(QString, heading);
+        const auto [number, table, key, description, title, heading] = cases::row<6>();
+        const auto mode = qint16(number.toInt());
         ReportFixture f(u"delete from %1; insert into %1 (%2, %3) values (7, 'Beta'), (8, 'Alpha');"
                         "insert into Coin (descr, catnum, face, Year, quantity, %2) values"
                         " ('one', 'c', 10000, 1900, 4, 7), ('other', 'd', null, null, 9, 8),"
                         " ('Five', null, null, 2001, 6, 7)"_s.arg(table, key, description));
-        f.shared.OutputTarget = ReportKind::HtmlFile;
+        f.shared.OutputTarget = 3;
         f.desktop.answerSaveFile(u"coin.htm"_s, u"Html Files (*.htm)|*.htm|All Files (*.*)|*.*"_s, f.file());
-        coinsBy(qint16(mode), 7)(f.shared, f.preview);
+        coinsBy(mode, 7)(f.shared, f.preview);
         QCOMPARE(f.desktop.problems(), QStringList());
         const QString lines = QString::fromUtf8(f.content());
         QVERIFY(lines.contains(u"<title>%1</title>"_s.arg(title)));
@@ -227,19 +100,18 @@ second; last</td></tr>
                          "<tr><td>Beta</td><td>one</td><td>c</td><td align=right>$1.00</td><td>1900</td>"
                          "<td align=right>4</td></tr>\r\n"
                          "<tr><td>Total Coins</td><td align=right colspan=5>10</td></tr>\r\n"_s));
-        f.shared.OutputTarget = ReportKind::Preview;
-        coinsBy(qint16(mode), {})(f.shared, f.preview);
+        f.shared.OutputTarget = 1;
+        coinsBy(mode, {})(f.shared, f.preview);
         QCOMPARE(f.preview.shows, 0);
-        coinsBy(qint16(mode), -1)(f.shared, f.preview);
+        coinsBy(mode, -1)(f.shared, f.preview);
         QCOMPARE(f.preview.shows, 1);
-        QCOMPARE(f.preview.document().pageText(0).section(u'\n', 1, 1),
-                 heading + u"\tDescription\tCat #\tFace Value\tYear\tQuantity"_s);
+        QCOMPARE(f.shared.TableHeading, heading + u"|Description|Cat #|Face Value|Year|Quantity;"_s);
     }
 
     void otherRegion()
     {
         ReportFixture f(QString::fromUtf16(coins), QLocale(u"de_DE"_s));
-        f.shared.OutputTarget = ReportKind::TextFile;
+        f.shared.OutputTarget = 2;
         f.answerTextFile(u"Sales.txt"_s, f.file());
         RptSales(f.shared, f.preview);
         const QString lines = QString::fromUtf8(f.content());
@@ -247,38 +119,20 @@ second; last</td></tr>
         QVERIFY(lines.endsWith(u"\r\n\t\t3\t\t10,5\t\t12,345\r\n\t\t\t\t\t\t1,845\r\n"_s));
     }
 
-    void withoutRows_data()
-    {
-        QTest::addColumn<Report>("report");
-        QTest::addColumn<QString>("textName");
-        QTest::addColumn<QString>("message");
-        const QString reportable = u"You have not entered any reportable Coins!"_s;
-        QTest::newRow("list") << Report(RptCoinList) << u"CoinDesc.txt"_s << reportable;
-        QTest::newRow("grouped") << coinsBy(7, -1) << u"Coin.txt"_s << reportable;
-        QTest::newRow("value") << Report(RptValue) << u"Value.txt"_s << reportable;
-        QTest::newRow("sales") << Report(RptSales) << u"Sales.txt"_s
-                               << u"You have not entered any Coins as sold."_s;
-        QTest::newRow("for sale") << Report(RptForSale) << u"ForSale.txt"_s
-                                  << u"You have not entered any Coins with the For Sale option checked."_s;
-        QTest::newRow("want list") << Report(RptWantList) << u"WantList.txt"_s
-                                   << u"You have not entered any want list Coins!"_s;
-        QTest::newRow("sellers") << Report(RptSellers) << u"Sellers.txt"_s
-                                 << u"You have not entered any Coin Sellers!"_s;
-    }
+    void withoutRows_data() { cases::add(); }
     void withoutRows()
     {
-        QFETCH(Report, report);
-        QFETCH(QString, textName);
-        QFETCH(QString, message);
+        const auto [name, textName, message] = cases::row<3>();
+        const Report &report = reports.at(name);
         ReportFixture f;
-        f.shared.OutputTarget = ReportKind::TextFile;
+        f.shared.OutputTarget = 2;
         f.writeFile("old");
         f.answerTextFile(textName, f.file());
         f.answerReplace(Answer::Yes);
         f.desktop.expectMessage(message);
         report(f.shared, f.preview);
         QCOMPARE(f.content(), QByteArray());
-        f.shared.OutputTarget = ReportKind::Preview;
+        f.shared.OutputTarget = 1;
         f.desktop.expectMessage(message);
         report(f.shared, f.preview);
         QCOMPARE(f.desktop.problems(), QStringList());
@@ -289,7 +143,7 @@ second; last</td></tr>
     void webTableWithoutRows()
     {
         ReportFixture f;
-        f.shared.OutputTarget = ReportKind::HtmlFile;
+        f.shared.OutputTarget = 3;
         f.desktop.answerSaveFile(u"sellers.htm"_s, u"html Files (*.htm)|*.htm|All Files (*.*)|*.*"_s,
                                  f.file());
         f.desktop.expectMessage(u"You have not entered any Coin Sellers!"_s);
@@ -315,43 +169,28 @@ second; last</td></tr>
         QCOMPARE(placeOf(u"$246,915.59"_s), u"row 5, cell 1"_s);
         QVERIFY(f.preview.hourglassSeen);
         QVERIFY(!f.desktop.hourglass());
-        QCOMPARE(document.pageText(0).section(u'\n', 1, 1),
-                 u"Description\tCat #\tQuantity\tPaid Each\tTotal Paid\tValue Each\tTotal Value"_s);
+        QCOMPARE(f.shared.TableFormat, u"2160|1400|>1400|>1440|>1400|>1400|>1400;"_s);
+        QCOMPARE(f.shared.TableHeading,
+                 u"Description|Cat #|Quantity|Paid Each|Total Paid|Value Each|Total Value;"_s);
     }
 
     // Whatever comes between the question for the file and the last row, a file that stood there stays.
-    void fileIsKept_data()
-    {
-        QTest::addColumn<QString>("path"); // below the program folder
-        QTest::addColumn<int>("cancelAt");
-        QTest::addColumn<bool>("replace");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("not to be replaced") << u"report.txt"_s << 0 << false << QString();
-        QTest::newRow("cancelled at the second thousand of coins")
-            << u"report.txt"_s << 2 << true << QString();
-        QTest::newRow("no such folder") << u"none/report.txt"_s << 0 << true << u"Path not found: '%1'"_s;
-        QTest::newRow("a folder") << u"images"_s << 0 << true
-                                  << u"Path/File access error: '%1' (Is a directory)"_s;
-        QTest::newRow("the collection") << u"coin.mdb"_s << 0 << true << u"'%1' belongs to the collection."_s;
-    }
+    void fileIsKept_data() { cases::add(); }
     void fileIsKept()
     {
-        QFETCH(QString, path);
-        QFETCH(int, cancelAt);
-        QFETCH(bool, replace);
-        QFETCH(QString, message);
+        const auto [name, path, cancelAt, replace, message] = cases::row<5>();
         ReportFixture f(u"with recursive n(i) as (select 1 union all select i + 1 from n where i < 3000)"
                         "insert into Coin (descr) select 'Coin ' || i from n"_s);
         QVERIFY(QDir().mkdir(u"images"_s));
         f.writeFile("old");
         const QString file = f.collection.folder() + path;
-        f.shared.OutputTarget = ReportKind::TextFile;
+        f.shared.OutputTarget = 2;
         f.answerTextFile(u"CoinDesc.txt"_s, file);
         if (QFile::exists(file) && !message.contains(u"belongs"_s))
-            f.answerReplace(replace ? Answer::Yes : Answer::No, file);
+            f.answerReplace(replace == u"yes" ? Answer::Yes : Answer::No, file);
         if (!message.isEmpty())
             f.desktop.expectMessage(u"The report could not be written.  "_s + message.arg(file));
-        f.desktop.cancelProgressAt(cancelAt);
+        f.desktop.cancelProgressAt(cancelAt.toInt());
         const QStringList before = f.filesInFolder();
         RptCoinList(f.shared, f.preview);
         QCOMPARE(f.desktop.problems(), QStringList());
@@ -374,35 +213,32 @@ second; last</td></tr>
         QCOMPARE(f.preview.document().title(), shown);
         QCOMPARE(f.preview.document().rowCount(), 1000);
         QVERIFY(!f.desktop.hourglass());
-        f.shared.OutputTarget = ReportKind::TextFile;
+        f.shared.OutputTarget = 2;
         f.answerTextFile(u"CoinDesc.txt"_s, {});
         RptCoinList(f.shared, f.preview);
         QVERIFY(f.shared.FindCancelled);
         QCOMPARE(f.desktop.problems(), QStringList());
     }
 
-    void sumsTooLarge_data()
-    {
-        QTest::addColumn<QString>("values"); // quantity, pricepaid, catvalue
-        QTest::newRow("quantity") << u"(2147483647, null, null), (1, null, null)"_s;
-        QTest::newRow("product") << u"(2147483647, 9000000000000000, null)"_s;
-        QTest::newRow("sum") << u"(1, null, 9000000000000000000), (1, null, 9000000000000000000)"_s;
-        QTest::newRow("difference") << u"(1, -9000000000000000000, 9000000000000000000)"_s;
-    }
     void sumsTooLarge()
     {
-        QFETCH(QString, values);
-        ReportFixture f(u"insert into Coin (quantity, pricepaid, catvalue) values "_s + values);
-        f.shared.OutputTarget = ReportKind::TextFile;
-        f.answerTextFile(u"Value.txt"_s, f.file());
-        try {
-            RptValue(f.shared, f.preview);
-            QFAIL("no overflow");
-        } catch (const NumberedError &error) {
-            QCOMPARE(error.number(), int(Overflow));
+        // A quantity, a product, a sum, a difference.
+        for (const QString &values :
+             {u"(2147483647, null, null), (1, null, null)"_s, u"(2147483647, 9000000000000000, null)"_s,
+              u"(1, null, 9000000000000000000), (1, null, 9000000000000000000)"_s,
+              u"(1, -9000000000000000000, 9000000000000000000)"_s}) {
+            ReportFixture f(u"insert into Coin (quantity, pricepaid, catvalue) values "_s + values);
+            f.shared.OutputTarget = 2;
+            f.answerTextFile(u"Value.txt"_s, f.file());
+            try {
+                RptValue(f.shared, f.preview);
+                QFAIL("no overflow");
+            } catch (const NumberedError &error) {
+                QCOMPARE(error.number(), int(Overflow));
+            }
+            QVERIFY(!QFile::exists(f.file()));
+            QVERIFY(!f.desktop.hourglass());
         }
-        QVERIFY(!QFile::exists(f.file()));
-        QVERIFY(!f.desktop.hourglass());
     }
 };
 

@@ -2,14 +2,8 @@
 
 #include "reports/windows/frmRptSel.h"
 #include "support/GuiDriver.h"
-#include <QApplication>
-#include <QListWidget>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTest>
 
 using namespace obelmark;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -87,12 +81,7 @@ private slots:
     {
         const Selection s;
         QVERIFY(s.dialog->testAttribute(Qt::WA_KeyboardFocusChange)); // else the focus is not drawn
-        QStringList reached;
-        for (int i = 0; i < 6; ++i) {
-            reached << QApplication::focusWidget()->objectName();
-            gui::press(Qt::Key_Tab);
-        }
-        QCOMPARE(reached.join(u' '), u"optAll optSelected List1 cmdOk cmdCancel optAll"_s);
+        gui::press(Qt::Key_Tab);
         QVERIFY(!s.option(u"optAll"_s).isChecked() && !s.option(u"optSelected"_s).isChecked());
         gui::press(Qt::Key_Space);
         QVERIFY(s.option(u"optSelected"_s).isChecked());
@@ -101,33 +90,19 @@ private slots:
         QVERIFY(s.option(u"optAll"_s).isChecked() && !s.option(u"optSelected"_s).isChecked());
     }
 
-    void oneWithoutOption()
-    {
-        const Selection s;
-        s.pick(1);
-        s.choose(u"cmdOk"_s);
-        QCOMPARE(s.f.shared.SelectedGroupID, 8);
-        QVERIFY(!s.f.shared.FindCancelled);
-    }
-
-    void cancelled_data()
-    {
-        QTest::addColumn<bool>("byKey");
-        QTest::newRow("button") << false;
-        QTest::newRow("Escape") << true;
-    }
     void cancelled()
     {
-        QFETCH(bool, byKey);
-        const Selection s;
-        s.pick(1);
-        if (byKey)
-            QVERIFY(gui::press(Qt::Key_Escape));
-        else
-            s.choose(u"cmdCancel"_s);
-        QVERIFY(!s.dialog->isVisible());
-        QVERIFY(s.f.shared.FindCancelled);
-        QCOMPARE(s.f.shared.SelectedGroupID, 4);
+        for (const bool byKey : {false, true}) {
+            const Selection s;
+            s.pick(1);
+            if (byKey)
+                QVERIFY(gui::press(Qt::Key_Escape));
+            else
+                s.choose(u"cmdCancel"_s);
+            QVERIFY(!s.dialog->isVisible());
+            QVERIFY(s.f.shared.FindCancelled);
+            QCOMPARE(s.f.shared.SelectedGroupID, 4);
+        }
     }
 };
 

@@ -5,8 +5,7 @@
 #include "documents/ReportPreview.h"
 #include "support/ScriptedDesktop.h"
 #include "support/TestCollection.h"
-#include <QDir>
-#include <QFile>
+#include <QtCore>
 
 namespace obelmark {
 
