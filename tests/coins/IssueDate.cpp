@@ -6,7 +6,6 @@
 #include "support/ScriptedDesktop.h"
 
 using namespace obelmark;
-using namespace Qt::StringLiterals;
 
 class IssueDateTest : public QObject
 {

@@ -7,7 +7,6 @@
 #include "support/ScriptedDesktop.h"
 
 using namespace obelmark;
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -5,7 +5,6 @@
 #include "support/ScriptedDesktop.h"
 
 using namespace obelmark;
-using namespace Qt::StringLiterals;
 
 class DateFormatTest : public QObject
 {

@@ -4,12 +4,6 @@
 #include "backup/windows/frmBackup.h"
 #include "desktop/qt/HelpWindow.h"
 #include "desktop/qt/RealDesktop.h"
-#include <QAccessible>
-#include <QApplication>
-#include <QComboBox>
-#include <QFile>
-#include <QListWidget>
-#include <QScopeGuard>
 
 using namespace obelmark;
 

@@ -1,7 +1,4 @@
 #include "EditorFixture.h"
-#include "coins/WriteStep.h"
-#include "store/CoinFile.h"
-#include <QDialog>
 
 using namespace obelmark;
 
@@ -36,49 +33,17 @@ private slots:
         QCOMPARE(e.edit(u"txtPricePaid").text(), QString());
     }
 
-    // What another window writes is shown at once, but not while a coin is typed.
-    void changesOfOthers()
-    {
-        EditorFixture e(threeCoins);
-        e.start();
-        const auto coins = openCoins(*e.shared->CoinDatabase); // on "alpha", as the window
-        const auto write = [&](Dynaset &rows, bool removes) {
-            WriteStep step(*e.shared, StepKind::Bulk, {}, nullptr);
-            QVERIFY((removes ? step.remove(rows) : step.update(rows)) && step.commit());
-        };
-        coins->edit();
-        coins->setValue(u"descr", u"zeta"_s);
-        write(*coins, false);
-        QCOMPARE(e.shownCoin(), u"zeta"_s);
-        const auto entries =
-            e.shared->CoinDatabase->openDynaset(lookupTable(Lookup::Conditions).entriesQuery());
-        entries->addNew();
-        entries->setValue(u"Condesc", u"new"_s);
-        write(*entries, false);
-        QVERIFY(e.list(u"cmbCon").findText(u"new"_s) >= 0);
-        write(*coins, true);
-        QCOMPARE(e.shownCoin(), u"Gamma"_s);
-        e.typeInto(u"txtDescr", u"typed"_s);
-        while (!coins->isEmpty()) {
-            coins->moveFirst();
-            write(*coins, true);
-        }
-        QCOMPARE(e.shownCoin(), u"typed"_s);
-        QCOMPARE(e.desktop.problems(), QStringList());
-    }
-
     void tabKeyWalksThroughThePages()
     {
         EditorFixture e(threeCoins);
         e.start();
         QVERIFY(gui::focusByMouse(e.edit(u"txtDescr")));
-        const QStringList expected{u"txtCatNum"_s,    u"txtFace"_s,        u"txtYear"_s,     u"chkWantList"_s,
-                                   u"txtQuantity"_s,  u"cmbCon"_s,         u"cmbCou"_s,      u"cmbMin"_s,
-                                   u"cmbCat"_s,       u"cmbTyp"_s,         u"cmbFor"_s,      u"txtSerNum"_s,
-                                   u"txtMetal"_s,     u"txtErrors"_s,      u"dcIssueDate"_s, u"cmbBou"_s,
-                                   u"txtPricePaid"_s, u"dcPurchaseDate"_s, u"txtCatValue"_s, u"dcSoldDate"_s,
-                                   u"chkForSale"_s,   u"chkSold"_s,        u"txtPriceAsk"_s, u"cmdSoldSome"_s,
-                                   u"txtNotes"_s,     u"txtMisc1"_s,       u"txtMisc2"_s};
+        const QStringList expected =
+            QStringLiteral("txtCatNum txtFace txtYear chkWantList txtQuantity cmbCon cmbCou cmbMin cmbCat "
+                           "cmbTyp cmbFor txtSerNum txtMetal txtErrors dcIssueDate cmbBou txtPricePaid "
+                           "dcPurchaseDate txtCatValue dcSoldDate chkForSale chkSold txtPriceAsk "
+                           "cmdSoldSome txtNotes txtMisc1 txtMisc2")
+                .split(u' ');
         // The coin shown first has no quantity, which cannot be left; give it one.
         e.typeInto(u"txtQuantity", u"1"_s);
         e.press(u"cmdUpdate");

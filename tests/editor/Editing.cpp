@@ -1,6 +1,5 @@
 #include "EditorFixture.h"
-#include <QDir>
-#include <QFile>
+#include "support/Cases.h"
 #include <sqlite3.h>
 
 using namespace obelmark;
@@ -13,33 +12,18 @@ const QString twoCoins =
     "values"
     " (5, 'Alpha', 1852, 2, 901, 25055, 50110, 0, 0, 0), (9, 'Beta', null, 1, null, null, null, 1, 0, 0);"_s;
 
-/// What the user does to one of the fields.
-using Act = void (*)(EditorFixture &);
-
 } // namespace
-Q_DECLARE_METATYPE(Act)
 
 class EditingTest : public QObject
 {
     Q_OBJECT
 private slots:
-    void everyChangeEntersTheEditingState_data()
-    {
-        QTest::addColumn<Act>("act");
-        QTest::newRow("date written by a program")
-            << Act([](EditorFixture &e) { e.date(u"dcSoldDate").setText(u"1/2/2003"_s); });
-        QTest::newRow("list, a key that changes nothing") << Act([](EditorFixture &e) {
-            e.list(u"cmbTyp").setFocus();
-            gui::press(Qt::Key_Backspace);
-        });
-    }
     void everyChangeEntersTheEditingState()
     {
-        QFETCH(Act, act);
         EditorFixture e(twoCoins);
         e.start();
         QVERIFY(e.isBrowsing());
-        act(e);
+        e.date(u"dcSoldDate").setText(u"1/2/2003"_s); // as a program writes it
         QVERIFY(e.isEditing());
         e.window->MakingChange();
         QVERIFY(e.isEditing());
@@ -48,6 +32,10 @@ private slots:
         QCOMPARE(e.shownCoin(), u"Beta"_s); // the last one, whichever was being changed
         e.press(u"cmdFirst");
         QCOMPARE(e.list(u"cmbCon").currentText(), u"Nice"_s);
+        e.list(u"cmbTyp").setFocus();
+        gui::press(Qt::Key_Backspace); // changes nothing, and counts all the same
+        QVERIFY(e.isEditing());
+        e.press(u"cmdCancel");
         QCOMPARE(e.desktop.problems(), QStringList());
     }
 
@@ -134,41 +122,10 @@ private slots:
         QCOMPARE(e.collection.query(u"select coinid, descr from Coin"_s), QStringList(u"10|New"_s));
     }
 
-    void hintsTellWhatSavingDoes_data()
-    {
-        QTest::addColumn<QString>("field");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("hint");
-        const auto row = [](const QString &field, const QString &text, const QString &hint) {
-            QTest::addRow("%s", qPrintable(text + u' ' + hint)) << field << text << hint;
-        };
-        row(u"txtYear"_s, u"1878-S"_s, u"Year: '1878-S' is not a number; it will be saved empty."_s);
-        row(u"txtYear"_s, u"1878-"_s, u"Year: will be saved as -1878."_s);
-        row(u"txtYear"_s, u"40000"_s, u"Year: must lie between -32,768 and 32,767."_s);
-        row(u"txtYear"_s, u"1,000"_s, QString());
-        row(u"txtQuantity"_s, u"2.5"_s, u"Quantity: will be saved as 2."_s);
-        row(u"txtQuantity"_s, u"1e3"_s, u"Quantity: will be saved as 1000."_s);
-        row(u"txtQuantity"_s, u"two"_s, u"Quantity: 'two' is not a number."_s);
-        row(u"txtQuantity"_s, QString(), u"Quantity: must not be empty."_s);
-        row(u"txtPricePaid"_s, u"2.505"_s, u"Price Paid: will be saved as $2.51."_s);
-        row(u"txtPricePaid"_s, u"1e3"_s, u"Price Paid: will be saved as $1,000.00."_s);
-        row(u"txtPricePaid"_s, u"922337203685477.5808"_s,
-            u"Price Paid: must not exceed $922,337,203,685,477.58."_s);
-        row(u"txtPricePaid"_s, u"-900000000000000"_s,
-            u"Total Paid: must not be below ($922,337,203,685,477.58)."_s);
-        row(u"txtPricePaid"_s, u"2.5"_s, QString());
-        row(u"dcIssueDate"_s, u"1/1/2002"_s, u"Issue Date: will be saved as 1/1/1902."_s);
-        row(u"dcIssueDate"_s, u"13/13"_s, u"Issue Date: '13/13' is not a date."_s);
-        row(u"dcPurchaseDate"_s, u"soon"_s,
-            u"Purchase Date: 'soon' is not a date; it will be saved empty."_s);
-        row(u"dcPurchaseDate"_s, u"7/4/76"_s, u"Purchase Date: will be saved as 7/4/1976."_s);
-        row(u"dcPurchaseDate"_s, u"07/04/1976"_s, QString());
-    }
+    void hintsTellWhatSavingDoes_data() { cases::add(); }
     void hintsTellWhatSavingDoes()
     {
-        QFETCH(QString, field);
-        QFETCH(QString, text);
-        QFETCH(QString, hint);
+        const auto [field, text, hint] = cases::row<3>();
         EditorFixture e(u"insert into Coin (descr, quantity, year) values ('Alpha', 5, 1902)"_s);
         e.start();
         e.typeInto(field, text);
@@ -186,31 +143,10 @@ private slots:
         QTRY_COMPARE(note.text(), QDir::currentPath());
     }
 
-    void issueDateTakesTheCenturyOfTheYear()
-    {
-        EditorFixture e(twoCoins);
-        e.start();
-        e.date(u"dcIssueDate").setText(u"5/3/52"_s);
-        e.press(u"cmdUpdate");
-        e.close();
-        QCOMPARE(e.collection.query(u"select issuedate from Coin where coinid = 5"_s),
-                 QStringList(u"1852-05-03"_s));
-    }
-
-    // What cannot be stored is reported and ends the program; the file keeps what it had.
-    void valueThatCannotBeStoredEndsTheProgram_data()
-    {
-        QTest::addColumn<QString>("field");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("year") << u"txtYear"_s << u"40000"_s;
-        QTest::newRow("quantity") << u"txtQuantity"_s << u"3000000000"_s;
-        QTest::newRow("price") << u"txtPricePaid"_s << u"1e300"_s;
-        QTest::newRow("total") << u"txtCatValue"_s << u"900000000000000"_s;
-    }
+    void valueThatCannotBeStoredEndsTheProgram_data() { cases::add(); }
     void valueThatCannotBeStoredEndsTheProgram()
     {
-        QFETCH(QString, field);
-        QFETCH(QString, text);
+        const auto [field, text] = cases::row<2>();
         EditorFixture e(twoCoins);
         e.start();
         e.typeInto(field, text);
@@ -220,21 +156,6 @@ private slots:
         e.close();
         QCOMPARE(e.collection.query(u"select Year, quantity, pricepaid from Coin where coinid = 5"_s),
                  QStringList(u"1852|2|25055"_s));
-    }
-
-    void fullDiskWhileSaving()
-    {
-        EditorFixture e(twoCoins);
-        e.start();
-        e.typeInto(u"txtDescr", u"Other"_s);
-        e.shared->CoinDatabase->setFaultHook(
-            [](FaultPoint point) { return point == FaultPoint::Update ? SQLITE_FULL : 0; });
-        e.desktop.expectMessage(u"61  Disk full"_s);
-        QVERIFY_THROWS_EXCEPTION(ProgramEnded, e.button(u"cmdUpdate").click());
-        QCOMPARE(e.desktop.problems(), QStringList());
-        e.close();
-        QCOMPARE(e.collection.query(u"select descr from Coin order by coinid"_s),
-                 QStringList({u"Alpha"_s, u"Beta"_s}));
     }
 
     // A text that could not have been typed, longer than the limit and with line breaks, survives an edit of

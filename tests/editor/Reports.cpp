@@ -1,7 +1,5 @@
 #include "EditorFixture.h"
-#include <QDir>
-#include <QFile>
-#include <QListWidget>
+#include "support/Cases.h"
 
 using namespace obelmark;
 
@@ -9,37 +7,10 @@ class ReportsTest : public QObject
 {
     Q_OBJECT
 private slots:
-    // Every item of the menu makes its own report; the grouped ones first ask.
-    void fromTheMenu_data()
-    {
-        QTest::addColumn<QString>("item");
-        QTest::addColumn<QString>("proposedName");
-        QTest::addColumn<QString>("dialog");
-        QTest::addColumn<QString>("firstLine");
-        const auto add = [](const char *item, const QString &name, const QString &dialog,
-                            const QString &line) {
-            QTest::newRow(item) << QString::fromLatin1(item) << name << dialog << line;
-        };
-        const QString grouped = u"One\tAlpha\t\t\t\t1"_s;
-        add("mnuRpt_1", u"CoinDesc.txt"_s, {}, u"Alpha\t\t\t\t1"_s);
-        add("mnuRpt_2", u"Coin.txt"_s, u"Category Report"_s, grouped);
-        add("mnuRpt_3", u"Coin.txt"_s, u"Country Report"_s, grouped);
-        add("mnuRpt_4", u"Coin.txt"_s, u"Mint Report"_s, grouped);
-        add("mnuRpt_5", u"Coin.txt"_s, u"Format Report"_s, grouped);
-        add("mnuRpt_6", u"Coin.txt"_s, u"Type Report"_s, grouped);
-        add("mnuRpt_7", u"Coin.txt"_s, u"Seller Report"_s, grouped);
-        add("mnuRptValue", u"Value.txt"_s, {}, u"Alpha\t\t1\t$0.00\t$0.00\t$0.00\t$0.00"_s);
-        add("mnuRptWant", u"WantList.txt"_s, {}, u"Wanted\t\t\t\t\t$0.00"_s);
-        add("mnuRptForSale", u"ForSale.txt"_s, {}, u"Alpha\t\tOne\t$0.00\t\t$0.00"_s);
-        add("mnuRptSold", u"Sales.txt"_s, {}, u"Gone\t\t2\t$0.00\t$0.00\t$0.00\t$0.00"_s);
-        add("mnuRptSellers", u"Sellers.txt"_s, {}, u"\tOne\t\t"_s);
-    }
+    void fromTheMenu_data() { cases::add(); }
     void fromTheMenu()
     {
-        QFETCH(QString, item);
-        QFETCH(QString, proposedName);
-        QFETCH(QString, dialog);
-        QFETCH(QString, firstLine);
+        const auto [item, proposedName, dialog, firstLine] = cases::row<4>();
         QString sql = u"insert into Coin (descr, quantity, catid, couid, minid, forid, typid, bouid, forsale)"
                       " values ('Alpha', 1, 900, 900, 900, 900, 900, 900, 1);"
                       "insert into Coin (descr, quantity, wantlist) values ('Wanted', 1, 1);"

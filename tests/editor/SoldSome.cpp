@@ -49,27 +49,23 @@ private slots:
     }
 
     // Whichever write of the sale fails, the lot is as it was.
-    void aSaleIsNeverHalfRecorded_data()
-    {
-        QTest::addColumn<int>("failingWrite");
-        QTest::newRow("the new record") << 1;
-        QTest::newRow("the lot") << 2;
-    }
     void aSaleIsNeverHalfRecorded()
     {
-        QFETCH(int, failingWrite);
-        EditorFixture e(lotOfTen);
-        e.start();
-        int writes = 0;
-        e.shared->CoinDatabase->setFaultHook([&](FaultPoint point) {
-            return point == FaultPoint::Update && ++writes == failingWrite ? SQLITE_FULL : 0;
-        });
-        e.desktop.answerText(question, questionTitle, u"4"_s);
-        e.desktop.expectMessage(u"61  Disk full"_s);
-        QVERIFY_THROWS_EXCEPTION(ProgramEnded, e.button(u"cmdSoldSome").click());
-        QCOMPARE(e.desktop.problems(), QStringList());
-        e.close();
-        QCOMPARE(lots(e), QStringList(u"5|10|200000|77|300000|1|0|NULL"_s));
+        for (const int failingWrite : {1, 2}) // the new record, the lot
+        {
+            EditorFixture e(lotOfTen);
+            e.start();
+            int writes = 0;
+            e.shared->CoinDatabase->setFaultHook([&](FaultPoint point) {
+                return point == FaultPoint::Update && ++writes == failingWrite ? SQLITE_FULL : 0;
+            });
+            e.desktop.answerText(question, questionTitle, u"4"_s);
+            e.desktop.expectMessage(u"61  Disk full"_s);
+            QVERIFY_THROWS_EXCEPTION(ProgramEnded, e.button(u"cmdSoldSome").click());
+            QCOMPARE(e.desktop.problems(), QStringList());
+            e.close();
+            QCOMPARE(lots(e), QStringList(u"5|10|200000|77|300000|1|0|NULL"_s));
+        }
     }
 
     // The lot is locked when the new record has been written: trying again completes the sale.

@@ -1,19 +1,9 @@
 #include "EditorFixture.h"
 #include "engine/rows/Database.h"
-#include "lookups/frmCodesMaint.h"
-#include <QApplication>
-#include <QDir>
-#include <QFile>
+#include "support/Cases.h"
 #include <sys/stat.h>
 
 using namespace obelmark;
-
-namespace {
-
-enum class File { Missing, Renamed, ZeroBytes, Garbage, Pipe, InUse };
-
-}
-Q_DECLARE_METATYPE(File)
 
 class StartUpTest : public QObject
 {
@@ -80,29 +70,17 @@ private slots:
         QVERIFY(!QDir(u"images"_s).exists());
     }
 
-    void databaseThatCannotBeOpened_data()
-    {
-        QTest::addColumn<File>("file");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("missing") << File::Missing << u"3024  Could not find file '%1'."_s;
-        QTest::newRow("only the one before packing") << File::Renamed << u"3024  Could not find file '%1'."_s;
-        QTest::newRow("zero bytes") << File::ZeroBytes << u"3343  Unrecognized database format '%1'."_s;
-        QTest::newRow("garbage") << File::Garbage << u"3343  Unrecognized database format '%1'."_s;
-        QTest::newRow("named pipe") << File::Pipe << u"3343  Unrecognized database format '%1'."_s;
-        QTest::newRow("in use") << File::InUse
-                                << u"There was an error accessing the database file.  Aborting..."_s;
-    }
+    void databaseThatCannotBeOpened_data() { cases::add(); }
     void databaseThatCannotBeOpened()
     {
-        QFETCH(File, file);
-        QFETCH(QString, message);
+        const auto [file, message] = cases::row<2>();
         EditorFixture e;
         const QString path = QDir::currentPath() + u"/coin.mdb"_s;
         std::unique_ptr<Database> other;
         QByteArray content;
-        if (file == File::InUse) {
+        if (file == u"in use") {
             other = Database::open(path, Database::Access::Exclusive, {});
-        } else if (file == File::Renamed) {
+        } else if (file == u"only the one before packing") {
             const QString old = QDir::currentPath() + u"/Coindb.bak"_s;
             QVERIFY(QFile::rename(path, old));
             e.desktop.expectMessage(
@@ -111,54 +89,30 @@ private slots:
                     old, path));
         } else {
             QVERIFY(QFile::remove(path));
-            content = file == File::Garbage ? QByteArray("not a database, ").repeated(1000) : QByteArray();
+            content = file == u"garbage" ? QByteArray("not a database, ").repeated(1000) : QByteArray();
             QFile written(path);
-            QVERIFY(file == File::Missing || (file == File::Pipe && ::mkfifo("coin.mdb", 0600) == 0) ||
+            QVERIFY(file == u"missing" || (file == u"named pipe" && ::mkfifo("coin.mdb", 0600) == 0) ||
                     (written.open(QIODevice::WriteOnly) && written.write(content) >= 0));
         }
         e.desktop.expectMessage(message.contains(u"%1"_s) ? message.arg(path) : message);
         QVERIFY_THROWS_EXCEPTION(ProgramEnded, e.start());
         QCOMPARE(e.desktop.problems(), QStringList());
-        QCOMPARE(QFile::exists(path), file != File::Missing && file != File::Renamed);
-        if (file == File::ZeroBytes || file == File::Garbage) {
+        QCOMPARE(QFile::exists(path), file != u"missing" && file != u"only the one before packing");
+        if (file == u"zero bytes" || file == u"garbage") {
             QFile untouched(path);
             QVERIFY(untouched.open(QIODevice::ReadOnly));
             QCOMPARE(untouched.readAll(), content);
         }
     }
 
-    void everyMenuItemAnswers()
+    void everyMenuItemHasItsHelp()
     {
-        EditorFixture e(u"insert into Coin (descr, quantity) values ('Alpha', 1)"_s);
+        EditorFixture e;
         e.start();
-        const auto actions = e.window->findChildren<QAction *>();
-        int asked = 0;
-        for (QAction *action : actions) {
-            const QString name = action->objectName();
-            if (!name.startsWith(u"mnu") || action->isSeparator() || action->menu() || name == u"mnuExit")
-                continue;
-            QVERIFY2(action->property("helpTopic").toInt() > 0, qPrintable(name));
-            // The grouped reports first ask for the group.
-            if (name.startsWith(u"mnuRpt_") && name != u"mnuRpt_1")
-                QVERIFY(gui::withDialog([action] { action->trigger(); }, [](QWidget &) {}));
-            else
-                action->trigger();
-            ++asked;
-        }
-        QCOMPARE(asked, 32);
-        QVERIFY(e.isBrowsing());
-        int maintained = 0;
-        const auto windows = QApplication::topLevelWidgets();
-        for (QWidget *opened : windows) {
-            if (qobject_cast<frmCodesMaint *>(opened)) {
-                ++maintained;
-                delete opened;
-            }
-        }
-        QCOMPARE(maintained, 7);
-        for (const auto &call : e.desktop.calls()) {
-            if (call.kind == ScriptedDesktop::Kind::Message)
-                QVERIFY2(!call.text.contains(u"not available"), qPrintable(call.text));
+        for (const QAction *action : e.window->findChildren<QAction *>()) {
+            const bool isItem = action->objectName().startsWith(u"mnu") && !action->isSeparator();
+            QVERIFY2(!isItem || action->menu() || action->property("helpTopic").toInt() > 0,
+                     qPrintable(action->objectName()));
         }
     }
 };

@@ -1,24 +1,6 @@
 #include "WindowCheck.h"
 
 #include "support/GuiDriver.h"
-#include <QAbstractButton>
-#include <QAbstractItemView>
-#include <QAbstractSpinBox>
-#include <QAccessible>
-#include <QApplication>
-#include <QComboBox>
-#include <QGroupBox>
-#include <QHash>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenuBar>
-#include <QRadioButton>
-#include <QRegularExpression>
-#include <QScreen>
-#include <QScrollBar>
-#include <QSet>
-#include <QTabBar>
-#include <QTabWidget>
 
 namespace obelmark {
 

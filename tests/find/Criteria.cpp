@@ -1,11 +1,10 @@
 #include "find/FindCriteria.h"
 #include "runtime/RegionalSettings.h"
 #include "store/CoinFile.h"
+#include "support/Cases.h"
 #include "support/TestCollection.h"
-#include <QTest>
 
 using namespace obelmark;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -25,7 +24,6 @@ const CatalogueField sellerNotes = field(u"bounotes"_s, FieldKind::Text, u"bough
 const CatalogueField favourite = field(u"BouFav"_s, FieldKind::YesNo, u"boughtfrom"_s, u"bouid"_s);
 
 } // namespace
-Q_DECLARE_METATYPE(obelmark::CatalogueField)
 
 class CriteriaTest : public QObject
 {
@@ -64,45 +62,21 @@ private slots:
         m_database = openCoinDatabase(m_collection.databasePath());
     }
 
-    void typedValues_data()
-    {
-        QTest::addColumn<CatalogueField>("searched");
-        QTest::addColumn<int>("op");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("found"); // which of the five coins, or why the value is refused
-        QTest::addColumn<QString>("locale");
-        const auto row = [](const char *name, const CatalogueField &searched, int op, const QString &text,
-                            const QString &found, const QString &locale = u"en_US"_s) {
-            QTest::newRow(name) << searched << op << text << found << locale;
-        };
-        row("quotes", descr, 0, u"\"x\" or 'y' is not null or descr like \"*"_s, {});
-        row("a quote", descr, 0, u"\" of"_s, u"C"_s);
-        row("pattern", descr, 1, u"? l[iu]bert*#"_s, u"A"_s);
-        row("bracket left open", descr, 0, u"[T"_s, u"B"_s);
-        row("SQL of other systems", descr, 0, u"100%_"_s, u"D"_s);
-        row("null character", descr, 0, u"LIBERTY\0'S"_s, u"A"_s);
-        row("case, accents", descr, 3, u"ÉCU"_s, u"E"_s);
-        row("as long as can be typed", descr, 0, QString(32'767, u'['), {});
-        row("currency", price, 0, u"$1,234.50"_s, u"A"_s);
-        row("decimal comma", price, 0, u"1.234,5 €"_s, u"A"_s, u"de_DE"_s);
-        row("finer than money", price, 2, u"2.50551"_s, u"BC"_s);
-        row("negative", price, 0, u"(3)"_s, u"C"_s);
-        row("huge", year, 2, u"1e300"_s, u"AD"_s);
-        row("day first", issued, 0, u"3.5.1852"_s, u"A"_s, u"de_DE"_s);
-        row("time of day", issued, 3, u"3 May 1852 10:30"_s, u"B"_s);
-        row("time alone", timed, 2, u"10:30"_s, u"AB"_s);
-        row("favourite", favourite, 0, {}, u"A"_s);
-        row("no favourite", favourite, 1, {}, u"B"_s);
-        row("SQL for a number", year, 0, u"1 or 1"_s, u"Search Value Not Numeric"_s);
-        row("no entry", sellerNotes, 0, {}, u"No Value Selected"_s);
-    }
+    void typedValues_data() { cases::add(); }
     void typedValues()
     {
-        QFETCH(CatalogueField, searched);
-        QFETCH(int, op);
-        QFETCH(QString, text);
-        QFETCH(QString, locale);
-        const RegionalSettings regional{QLocale(locale)};
+        const auto [name, column, number, typed, expected, locale] = cases::row<6>();
+        const QMap<QString, CatalogueField> fields{{u"descr"_s, descr},
+                                                   {u"price"_s, price},
+                                                   {u"year"_s, year},
+                                                   {u"issued"_s, issued},
+                                                   {u"timed"_s, timed},
+                                                   {u"favourite"_s, favourite},
+                                                   {u"sellerNotes"_s, sellerNotes}};
+        const CatalogueField searched = fields[column];
+        const int op = number.toInt();
+        const QString text = typed == u"LONG" ? QString(32'767, u'[') : typed; // as long as can be typed
+        const RegionalSettings regional{QLocale(locale.isEmpty() ? u"en_US"_s : locale)};
         QString found;
         if (const auto refusal = refuseValue(searched, {op, text}, regional)) {
             found = refusal->title;
@@ -112,7 +86,7 @@ private slots:
             for (coins->findFirst(criteria); !coins->noMatch(); coins->findNext(criteria))
                 found += coins->value(u"misc1").toText();
         }
-        QTEST(found, "found");
+        QCOMPARE(found, expected);
     }
 
 private:

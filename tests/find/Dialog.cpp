@@ -1,8 +1,5 @@
 #include "editor/EditorFixture.h"
 #include "store/CoinFile.h"
-#include <QFile>
-#include <QListWidget>
-#include <QRadioButton>
 #include <sqlite3.h>
 
 using namespace obelmark;

@@ -2,8 +2,6 @@
 
 #include "editor/EditorFixture.h"
 #include "lookups/frmCodesMaint.h"
-#include <QApplication>
-#include <QPointer>
 
 namespace obelmark {
 

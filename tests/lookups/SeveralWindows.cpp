@@ -1,5 +1,6 @@
 // Windows beside each other: on the same table, beside the main window, across a repair and a lost database.
 #include "lookups/LookupFixture.h"
+#include "support/Cases.h"
 #include <sqlite3.h>
 
 using namespace obelmark;
@@ -58,37 +59,18 @@ class SeveralWindowsTest : public QObject
 {
     Q_OBJECT
 private slots:
-    void deletedElsewhere_data()
-    {
-        QTest::addColumn<int>("steps"); // to the entry that goes
-        QTest::addColumn<QString>("button");
-        QTest::addColumn<bool>("typesBefore");
-        QTest::addColumn<QString>("message");
-        QTest::addColumn<QString>("shown");
-        QTest::newRow("next") << 1 << u"cmdNext"_s << false << QString() << u"c"_s;
-        QTest::newRow("previous") << 1 << u"cmdPrevious"_s << false << QString() << u"a"_s;
-        QTest::newRow("next from the end") << 2 << u"cmdNext"_s << false << QString() << u"b"_s;
-        QTest::newRow("previous from the start") << 0 << u"cmdPrevious"_s << false << QString() << u"b"_s;
-        QTest::newRow("first") << 0 << u"cmdFirst"_s << false << QString() << u"b"_s;
-        QTest::newRow("delete") << 1 << u"cmdDelete"_s << false << deletedMessage << u"c"_s;
-        QTest::newRow("update") << 1 << u"cmdUpdate"_s << true << deletedMessage << u"c"_s;
-        QTest::newRow("update at the end") << 2 << u"cmdUpdate"_s << true << deletedMessage << u"b"_s;
-        QTest::newRow("cancel") << 0 << u"cmdCancel"_s << true << QString() << u"c"_s;
-    }
+    void deletedElsewhere_data() { cases::add(); }
     void deletedElsewhere()
     {
-        QFETCH(int, steps);
-        QFETCH(QString, button);
-        QFETCH(bool, typesBefore);
-        QFETCH(QString, message);
-        QFETCH(QString, shown);
+        const auto [count, button, shown, how] = cases::row<4>();
+        const int steps = count.toInt();
         TwoWindows two({u"a"_s, u"b"_s, u"c"_s}, steps);
-        if (typesBefore)
+        if (how.contains(u"types"))
             two.other->typeInto(u"txtDesc", u"changed"_s);
         deleteShown(two.program, *two.one);
         gui::activate(*two.other->window);
-        if (!message.isEmpty())
-            two.program.desktop.expectMessage(message, u"Entry Deleted"_s);
+        if (how.contains(u"told"))
+            two.program.desktop.expectMessage(deletedMessage, u"Entry Deleted"_s);
         two.other->press(button);
         QCOMPARE(two.other->shown(), shown);
         QCOMPARE(two.other->buttons(), browsingButtons);
@@ -99,33 +81,26 @@ private slots:
         QCOMPARE(storedMints(two.program), left);
     }
 
-    void onlyEntryDeletedElsewhere_data()
-    {
-        QTest::addColumn<QString>("button");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("next") << u"cmdNext"_s << QString();
-        QTest::newRow("delete") << u"cmdDelete"_s << deletedMessage;
-    }
     void onlyEntryDeletedElsewhere()
     {
-        QFETCH(QString, button);
-        QFETCH(QString, message);
-        TwoWindows two({u"a"_s}, 0);
-        deleteShown(two.program, *two.one);
-        gui::activate(*two.other->window);
-        QCOMPARE(two.other->shown(), u"a"_s);
-        if (!message.isEmpty())
-            two.program.desktop.expectMessage(message, u"Entry Deleted"_s);
-        two.other->press(button);
-        QVERIFY(two.other->isShowingNothing());
-        // The first entry of a table that was empty is shown by itself.
-        two.other->press(u"cmdAddNew");
-        gui::type(u"new"_s);
-        two.other->press(u"cmdUpdate");
-        gui::activate(*two.one->window);
-        QCOMPARE(two.one->shown(), u"new"_s);
-        QVERIFY(two.one->edit(u"txtDesc").isEnabled());
-        QCOMPARE(two.program.desktop.problems(), QStringList());
+        for (const QString &button : {u"cmdNext"_s, u"cmdDelete"_s}) {
+            TwoWindows two({u"a"_s}, 0);
+            deleteShown(two.program, *two.one);
+            gui::activate(*two.other->window);
+            QCOMPARE(two.other->shown(), u"a"_s);
+            if (button == u"cmdDelete")
+                two.program.desktop.expectMessage(deletedMessage, u"Entry Deleted"_s);
+            two.other->press(button);
+            QVERIFY(two.other->isShowingNothing());
+            // The first entry of a table that was empty is shown by itself.
+            two.other->press(u"cmdAddNew");
+            gui::type(u"new"_s);
+            two.other->press(u"cmdUpdate");
+            gui::activate(*two.one->window);
+            QCOMPARE(two.one->shown(), u"new"_s);
+            QVERIFY(two.one->edit(u"txtDesc").isEnabled());
+            QCOMPARE(two.program.desktop.problems(), QStringList());
+        }
     }
 
     void changedElsewhere()
