@@ -1,7 +1,6 @@
 #include "walk/CoinModel.h"
 
-#include <QDate>
-#include <QLocale>
+#include <QtCore>
 #include <algorithm>
 #include <cmath>
 
@@ -13,15 +12,6 @@ namespace {
 
 const QStringList kinds{u"Text"_s, u"Notes"_s,    u"Face"_s, u"Price"_s, u"Total"_s,
                         u"Year"_s, u"Quantity"_s, u"Date"_s, u"Mark"_s,  u"List"_s};
-
-template<class Item>
-QList<Item> readItems(const QString &name)
-{
-    QList<Item> items;
-    for (const QStringList &cells : readRows(name))
-        items << Item(cells);
-    return items;
-}
 
 } // namespace
 
@@ -36,8 +26,8 @@ Lookup::Lookup(const QStringList &c)
 {
 }
 
-const QList<Field> fields = readItems<Field>(u"fields.txt"_s);
-const QList<Lookup> lookups = readItems<Lookup>(u"lookups.txt"_s);
+const QList<Field> fields = readItems<Field>(u"fields"_s);
+const QList<Lookup> lookups = readItems<Lookup>(u"lookups"_s);
 
 namespace {
 

@@ -1,5 +1,5 @@
 #include "walk/Walk.h"
-#include <QTest>
+#include <QtTest>
 
 using namespace obelmark;
 using namespace Qt::StringLiterals;

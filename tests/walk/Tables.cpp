@@ -1,5 +1,7 @@
 #include "walk/Tables.h"
 
+#include "support/Cases.h"
+
 #include <QFile>
 #include <algorithm>
 
@@ -14,16 +16,11 @@ QString fold(const QString &text)
     return folded;
 }
 
-QList<QStringList> readRows(const QString &name)
+QList<QStringList> readRows(const QString &section)
 {
-    QFile file(QStringLiteral(WALK_DATA_DIR "/") + name);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("%s cannot be read", qPrintable(name));
     QList<QStringList> rows;
-    for (const QString &line : QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts)) {
-        if (!line.startsWith(u'#'))
-            rows << line.split(u'|');
-    }
+    for (const QString &line : cases::linesOf(u"RandomWalk"_s, section))
+        rows << cases::cellsOf(line);
     return rows;
 }
 

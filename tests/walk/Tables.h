@@ -1,7 +1,6 @@
 #pragma once
 
-#include <QMap>
-#include <QStringList>
+#include <QtCore>
 #include <functional>
 #include <map>
 #include <optional>
@@ -14,8 +13,16 @@ using Row = QMap<QString, QString>;
 /// How texts are compared and ordered.
 QString fold(const QString &text);
 
-/// The lines of a data file of the walk, split at "|".
-QList<QStringList> readRows(const QString &name);
+/// The cells of a section of data/RandomWalk.txt, line by line.
+QList<QStringList> readRows(const QString &section);
+template<class Item>
+QList<Item> readItems(const QString &section)
+{
+    QList<Item> items;
+    for (const QStringList &cells : readRows(section))
+        items << Item(cells);
+    return items;
+}
 
 /// A table as it should be in the file.
 struct Table

@@ -4,11 +4,6 @@
 #include "editor/frmMain.h"
 #include "support/GuiDriver.h"
 #include "walk/WidgetText.h"
-#include <QAction>
-#include <QFile>
-#include <QLabel>
-#include <QPushButton>
-#include <QTabWidget>
 
 namespace obelmark::walk {
 
@@ -16,18 +11,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QStringList words{u""_s,       u"Eagle"_s,   u"eagle"_s,       u"ÉAGLE 2"_s,
-                        u"Zürich"_s, u" blank"_s,  u"10 Kopek"_s,    u"9 O'Key \"q\""_s,
-                        u"銀 Ω"_s,   u"KM 12-3"_s, u"12a"_s,         u"Y 1000"_s,
-                        u"-5"_s,     u"x;y|z%1"_s, QString(95, u'm')};
-const QStringList quantities{u"1"_s,  u"3"_s,     u"10"_s,  u"2.6"_s, u"2.5"_s,
-                             u"-2"_s, u"1,000"_s, u"12 "_s, u"few"_s, u""_s};
-const QStringList amounts{u"2.5"_s,   u"$1,234.565"_s, u"-3"_s, u"(2.55)"_s, u"1e3"_s,
-                          u".0625"_s, u"4 "_s,         u"0"_s,  u"abc"_s,    u""_s};
-const QStringList years{u"1852"_s, u"1900"_s, u"52"_s,     u"2005.5"_s, u"19.5"_s,
-                        u"-44"_s,  u"MCM"_s,  u"1852-O"_s, u""_s};
-const QStringList days{u"5/3/52"_s,       u"13/2/2001"_s, u"3 May 1852"_s, u"2/29/2000"_s,
-                       u"1/5/05 10:30"_s, u"7/4/1776"_s,  u"soon"_s,       u""_s};
+const QStringList words = readRows(u"words"_s)[0] + QStringList{QString(95, u'm')};
+const QStringList quantities = readRows(u"quantities"_s)[0];
+const QStringList amounts = readRows(u"amounts"_s)[0];
+const QStringList years = readRows(u"years"_s)[0];
+const QStringList days = readRows(u"days"_s)[0];
 
 } // namespace
 

@@ -6,8 +6,7 @@
 #include "support/ScriptedDesktop.h"
 #include "support/TestCollection.h"
 #include "walk/CoinModel.h"
-#include <QPointer>
-#include <QRandomGenerator>
+#include <QtCore>
 #include <optional>
 
 class QWidget;

@@ -5,11 +5,6 @@
 #include "walk/EntryModel.h"
 #include "walk/Walk.h"
 #include "walk/WidgetText.h"
-#include <QApplication>
-#include <QLabel>
-#include <QListWidget>
-#include <QPushButton>
-#include <QRadioButton>
 
 namespace obelmark::walk {
 
@@ -21,26 +16,19 @@ enum class Sought { Text, Number, Money, Day, Mark, Entry };
 
 struct SoughtField
 {
+    explicit SoughtField(const QStringList &cells)
+        : caption(cells[0]), column(cells[1]),
+          kind(
+              Sought(QStringList{u"Text"_s, u"Number"_s, u"Money"_s, u"Day"_s, u"Mark"_s, u"Entry"_s}.indexOf(
+                  cells[2])))
+    {
+    }
     QString caption;
     QString column;
     Sought kind;
 };
 
-const QList<SoughtField> soughtFields{
-    {u"Description"_s, u"descr"_s, Sought::Text},
-    {u"Catalog Number"_s, u"catnum"_s, Sought::Text},
-    {u"Notes"_s, u"notes"_s, Sought::Text},
-    {u"Year"_s, u"Year"_s, Sought::Number},
-    {u"Quantity"_s, u"quantity"_s, Sought::Number},
-    {u"Price Paid"_s, u"pricepaid"_s, Sought::Money},
-    {u"Total Sales"_s, u"totalsales"_s, Sought::Money},
-    {u"Issue Date"_s, u"issuedate"_s, Sought::Day},
-    {u"Date Sold"_s, u"SoldDate"_s, Sought::Day},
-    {u"For Sale"_s, u"forsale"_s, Sought::Mark},
-    {u"Want List"_s, u"wantlist"_s, Sought::Mark},
-    {u"Country"_s, u"couid"_s, Sought::Entry},
-    {u"Bought From"_s, u"bouid"_s, Sought::Entry},
-};
+const QList<SoughtField> soughtFields = readItems<SoughtField>(u"sought"_s);
 
 QString operatorsOf(Sought kind)
 {

@@ -3,12 +3,6 @@
 #include "dates/windows/DateField.h"
 #include "editor/LookupList.h"
 #include "support/GuiDriver.h"
-#include <QApplication>
-#include <QCheckBox>
-#include <QInputMethodEvent>
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QPushButton>
 
 namespace obelmark::walk {
 
