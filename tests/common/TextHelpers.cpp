@@ -1,8 +1,6 @@
 #include "common/TextHelpers.h"
 #include "common/CatalogueSort.h"
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
+#include "support/Cases.h"
 
 using namespace obelmark;
 using namespace Qt::StringLiterals;
@@ -11,26 +9,11 @@ class TextHelpersTest : public QObject
 {
     Q_OBJECT
 private slots:
-    void catalogueSortKey_data()
-    {
-        QTest::addColumn<QString>("number");
-        QTest::addColumn<QString>("key");
-        const auto key = [](const char *digits) { return QString::fromLatin1(digits).rightJustified(20); };
-        QTest::newRow("digits among letters") << u"KM 123"_s << key("123");
-        QTest::newRow("only the part before the hyphen") << u"123-5"_s << key("123");
-        QTest::newRow("nothing before the hyphen") << u"-5"_s << key("");
-        QTest::newRow("digits on both sides of letters") << u"Y12a3"_s << key("123");
-        QTest::newRow("no digits") << u"KM"_s << key("");
-        QTest::newRow("empty") << QString() << key("");
-        QTest::newRow("the first 20 of 25") << u"1234567890123456789012345"_s << u"12345678901234567890"_s;
-        QTest::newRow("digits of other scripts do not count") << u"K٣٤5"_s << key("5");
-        QTest::newRow("another dash is no hyphen") << u"12\u20135"_s << key("125");
-    }
+    void catalogueSortKey_data() { cases::add(); }
     void catalogueSortKey()
     {
-        QFETCH(QString, number);
-        QFETCH(QString, key);
-        QCOMPARE(MakeCatSort(number), key);
+        const auto [name, number, key] = cases::row<3>();
+        QCOMPARE(MakeCatSort(number), key.rightJustified(20));
     }
 
     void fields()

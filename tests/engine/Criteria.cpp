@@ -3,7 +3,6 @@
 #include "support/Cases.h"
 
 using namespace obelmark;
-using namespace Qt::StringLiterals;
 
 /// The dialect of criteria and queries, by what it selects from real rows.
 class Criteria : public QObject

@@ -8,7 +8,6 @@
 #include <random>
 
 using namespace obelmark;
-using namespace Qt::StringLiterals;
 
 namespace {
 

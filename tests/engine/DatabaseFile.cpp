@@ -4,7 +4,6 @@
 #include <sqlite3.h>
 
 using namespace obelmark;
-using namespace Qt::StringLiterals;
 
 /// Opening and locking the file, and putting right what other tools have changed in it.
 class DatabaseFile : public QObject

@@ -6,7 +6,6 @@
 #include <optional>
 
 using namespace obelmark;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -134,21 +133,13 @@ class DynasetModel : public QObject
 {
     Q_OBJECT
 private slots:
-    void randomOperations_data()
-    {
-        QTest::addColumn<int>("seed");
-        QTest::addColumn<int>("operations");
-        QTest::addColumn<int>("mostRows");
-        QTest::newRow("a handful of rows, often none") << 1 << 1500 << 4;
-        QTest::newRow("some") << 2 << 1500 << 25;
-        QTest::newRow("many") << 3 << 1000 << 200;
-    }
+    void handfulOfRowsOftenNone() { randomOperations(1, 1500, 4); }
+    void someRows() { randomOperations(2, 1500, 25); }
+    void manyRows() { randomOperations(3, 1000, 200); }
 
-    void randomOperations()
+private:
+    static void randomOperations(int seed, int operations, int mostRows)
     {
-        QFETCH(int, seed);
-        QFETCH(int, operations);
-        QFETCH(int, mostRows);
         QRandomGenerator random(quint32(seed) * 7919);
         const auto below = [&random](int n) { return int(random.bounded(n)); };
         static const QStringList words{u""_s,    u"a"_s, u"A"_s,   u"á"_s, u"ab"_s,

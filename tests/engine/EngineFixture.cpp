@@ -4,8 +4,6 @@
 
 namespace obelmark {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 QString folderTemplate()

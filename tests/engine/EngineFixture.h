@@ -6,6 +6,8 @@
 
 namespace obelmark {
 
+using namespace Qt::StringLiterals;
+
 /// The SQL that the delivered file is made with.
 QByteArray coinSchema();
 

@@ -7,7 +7,6 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 
 using namespace obelmark;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -95,74 +94,62 @@ private slots:
         QVERIFY2(whole < 30 && lost > 0, qPrintable(u"%1 %2"_s.arg(whole).arg(lost)));
     }
 
-    void leavesTheLastCommittedState_data()
-    {
-        QTest::addColumn<unsigned>("seed");
-        for (unsigned seed = 1; seed <= 5; ++seed)
-            QTest::addRow("seed %u", seed) << seed;
-    }
-
     void leavesTheLastCommittedState()
     {
-        QFETCH(unsigned, seed);
-        std::minstd_rand chance(seed);
-        int changes = 0;
-        for (int cut = 0; cut <= changes; cut += 1 + int(chance() % 3)) { // 0: after the last change
-            startFrom(m_states.front());
-            std::size_t done = 0;
-            {
-                UnsyncedVfs disk;
-                disk.cutPowerAt(cut);
-                done = runSaves(0, saves.size());
-                changes = std::max(changes, disk.changeCount());
-                disk.restart(seed * 10'000 + unsigned(cut));
+        for (unsigned seed = 1; seed <= 5; ++seed) {
+            std::minstd_rand chance(seed);
+            int changes = 0;
+            for (int cut = 0; cut <= changes; cut += 1 + int(chance() % 3)) { // 0: after the last change
+                startFrom(m_states.front());
+                std::size_t done = 0;
+                {
+                    UnsyncedVfs disk;
+                    disk.cutPowerAt(cut);
+                    done = runSaves(0, saves.size());
+                    changes = std::max(changes, disk.changeCount());
+                    disk.restart(seed * 10'000 + unsigned(cut));
+                }
+                m_file.open();
+                QCOMPARE(integrity(m_path), u"ok"_s);
+                const StoredRows rows = storedRows(m_path);
+                const bool kept = rows == m_states[done].rows;
+                const bool finished = done < saves.size() && rows == m_states[done + 1].rows;
+                QVERIFY2(kept || finished, qPrintable(u"cut %1, saves %2"_s.arg(cut).arg(done)));
             }
-            m_file.open();
-            QCOMPARE(integrity(m_path), u"ok"_s);
-            const StoredRows rows = storedRows(m_path);
-            const bool kept = rows == m_states[done].rows;
-            const bool finished = done < saves.size() && rows == m_states[done + 1].rows;
-            QVERIFY2(kept || finished, qPrintable(u"cut %1, saves %2"_s.arg(cut).arg(done)));
+            QVERIFY(changes > 60);
         }
-        QVERIFY(changes > 60);
-    }
-
-    void fullDiskKeepsOldAndBegunRow_data()
-    {
-        QTest::addColumn<std::size_t>("number");
-        for (std::size_t number = 0; number < saves.size(); ++number)
-            QTest::newRow(saves[number].name) << number;
     }
 
     void fullDiskKeepsOldAndBegunRow()
     {
-        QFETCH(std::size_t, number);
-        const auto finish = saves[number].finish;
-        int failures = 0;
-        for (qint64 freeSpace = 0; freeSpace < 120'000; freeSpace += 6'000) {
-            startFrom(m_states[number]);
-            {
-                UnsyncedVfs disk;
-                const auto database = m_file.open();
-                const auto coins = database->openDynaset(allCoins);
-                const auto other = database->openDynaset(allCoins);
-                saves[number].begin(*coins);
-                disk.setFreeSpace(freeSpace);
-                try {
+        for (std::size_t number = 0; number < saves.size(); ++number) {
+            const auto finish = saves[number].finish;
+            int failures = 0;
+            for (qint64 freeSpace = 0; freeSpace < 120'000; freeSpace += 6'000) {
+                startFrom(m_states[number]);
+                {
+                    UnsyncedVfs disk;
+                    const auto database = m_file.open();
+                    const auto coins = database->openDynaset(allCoins);
+                    const auto other = database->openDynaset(allCoins);
+                    saves[number].begin(*coins);
+                    disk.setFreeSpace(freeSpace);
+                    try {
+                        ((*coins).*finish)();
+                        continue;
+                    } catch (const EngineError &error) {
+                        QCOMPARE(error.number(), int(DiskFull));
+                        ++failures;
+                    }
+                    QCOMPARE(other->recordCount(), qint64(m_states[number].rows.size()));
+                    disk.setFreeSpace({});
                     ((*coins).*finish)();
-                    continue;
-                } catch (const EngineError &error) {
-                    QCOMPARE(error.number(), int(DiskFull));
-                    ++failures;
                 }
-                QCOMPARE(other->recordCount(), qint64(m_states[number].rows.size()));
-                disk.setFreeSpace({});
-                ((*coins).*finish)();
+                QCOMPARE(integrity(m_path), u"ok"_s);
+                QVERIFY(storedRows(m_path) == m_states[number + 1].rows);
             }
-            QCOMPARE(integrity(m_path), u"ok"_s);
-            QVERIFY(storedRows(m_path) == m_states[number + 1].rows);
+            QVERIFY(failures > 0);
         }
-        QVERIFY(failures > 0);
     }
 
     void fullDiskStopsRepair()

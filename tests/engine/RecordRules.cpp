@@ -1,11 +1,11 @@
 #include "engine/EngineFixture.h"
 #include "engine/language/EngineError.h"
 #include "engine/rows/Transaction.h"
+#include "support/Cases.h"
 #include <QTest>
 #include <sqlite3.h>
 
 using namespace obelmark;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -15,6 +15,25 @@ void beginEdit(Dynaset &rows)
 {
     rows.edit();
     rows.setValue(u"descr", u"changed"_s);
+}
+
+/// A value as the table of cases writes it: its kind, and the rest.
+Value valueOf(const QString &text)
+{
+    const QString kind = text.section(u' ', 0, 0), rest = text.section(u' ', 1);
+    if (kind == u"integer")
+        return Value(rest.toLongLong());
+    if (kind == u"number")
+        return Value(rest.toDouble());
+    if (kind == u"money")
+        return Money::fromTenThousandths(rest.toLongLong());
+    if (kind == u"date")
+        return fromIsoText(rest).value();
+    if (kind == u"mark")
+        return Value(rest == u"yes");
+    if (kind == u"letters")
+        return Value(rest.section(u' ', 1).repeated(rest.section(u' ', 0, 0).toInt()));
+    return kind == u"text" ? Value(rest.isNull() ? u""_s : rest) : Value();
 }
 
 } // namespace
@@ -150,53 +169,12 @@ private slots:
         QCOMPARE(errorOf([&] { m_database->openDynaset(u"select * from Coin"_s)->addNew(); }), int(Overflow));
     }
 
-    void values_data()
-    {
-        QTest::addColumn<QString>("field");
-        QTest::addColumn<Value>("value");
-        QTest::addColumn<int>("number"); // of the error; 0: it is stored and read back
-        const auto row = [](const char *name, const QString &field, const Value &value, int number = 0) {
-            QTest::newRow(name) << field << value << number;
-        };
-        const QString longText(256, u'x');
-        row("null", u"quantity"_s, Value());
-        row("smallint", u"Year"_s, 32767);
-        row("smallint below", u"year"_s, -32768);
-        row("smallint too large", u"Year"_s, 32768, Overflow);
-        row("smallint too small", u"Year"_s, -32769, Overflow);
-        row("integer", u"quantity"_s, Value(qint64(2147483647)));
-        row("integer too large", u"QUANTITY"_s, Value(qint64(2147483648)), Overflow);
-        row("integer from floating", u"quantity"_s, Value(2.0), DataTypeConversion);
-        row("integer from text", u"quantity"_s, Value(u"2"_s), DataTypeConversion);
-        row("integer from money", u"quantity"_s, Money::fromWhole(2), DataTypeConversion);
-        row("yes", u"sold"_s, true);
-        row("no", u"sold"_s, false);
-        row("boolean from number", u"sold"_s, 1, DataTypeConversion);
-        row("money", u"face"_s, Money::fromTenThousandths(-12345));
-        row("largest money", u"face"_s, Money::fromTenThousandths(std::numeric_limits<qint64>::max()));
-        row("money from number", u"face"_s, 1, DataTypeConversion);
-        row("money from floating", u"face"_s, 1.5, DataTypeConversion);
-        row("date", u"PurchaseDate"_s, Date::from(QDate(1852, 5, 3)));
-        row("first date", u"PurchaseDate"_s, Date::from(QDate(100, 1, 1)));
-        row("date and time", u"PurchaseDate"_s, Date::from(QDate(1852, 5, 3), QTime(18, 15, 42)));
-        row("date from text", u"PurchaseDate"_s, Value(u"2001-01-01"_s), DataTypeConversion);
-        row("text", u"descr"_s, Value(u"it's \"ÉCU\"\r\n𝒳 \t"_s));
-        row("empty text", u"descr"_s, Value(QString(u""_s)));
-        row("text with a zero character", u"descr"_s, Value(QString(u'a') + QChar(0) + u'b'));
-        row("text from number", u"descr"_s, 5, DataTypeConversion);
-        row("longest text", u"descr"_s, Value(longText.first(255)));
-        row("longest text, of characters in two", u"descr"_s, Value(u"𝒳"_s.repeated(255)));
-        row("text too long", u"descr"_s, Value(longText), FieldTooSmall);
-        row("text too long, of characters in two", u"descr"_s, Value(u"𝒳"_s.repeated(256)), FieldTooSmall);
-        row("text without limit", u"notes"_s, Value(longText.repeated(100)));
-        row("companion", u"descrsort"_s, Value(u"x"_s), DataTypeConversion);
-    }
-
+    void values_data() { cases::add(); }
     void values()
     {
-        QFETCH(QString, field);
-        QFETCH(Value, value);
-        QFETCH(int, number);
+        const auto [name, field, text, error] = cases::row<4>();
+        const Value value = valueOf(text);
+        const int number = error.toInt();
         m_rows->edit();
         const Value before = m_rows->value(field);
         QCOMPARE(errorOf([&] { m_rows->setValue(field, value); }), number);
@@ -289,23 +267,12 @@ private slots:
         QCOMPARE(errorOf([&] { m_rows->update(); }), int(RecordDeleted));
     }
 
-    void failedWriteKeepsTheRow_data()
-    {
-        QTest::addColumn<int>("resultCode");
-        QTest::addColumn<int>("number");
-        QTest::newRow("locked") << SQLITE_BUSY << int(RecordLocked);
-        QTest::newRow("locked within the program") << SQLITE_LOCKED << int(RecordLocked);
-        QTest::newRow("disk full") << SQLITE_FULL << int(DiskFull);
-        QTest::newRow("read-only") << SQLITE_READONLY << int(PermissionDenied);
-        QTest::newRow("disk error") << (SQLITE_IOERR | 3 << 8) << int(PathFileAccess);
-        QTest::newRow("damaged") << SQLITE_CORRUPT << int(DatabaseDamaged);
-    }
-
+    void failedWriteKeepsTheRow_data() { cases::add(); }
     void failedWriteKeepsTheRow()
     {
-        QFETCH(int, resultCode);
-        QFETCH(int, number);
-        const auto fail = [resultCode](FaultPoint point) {
+        const auto [name, code, error] = cases::row<3>();
+        const int number = error.toInt();
+        const auto fail = [resultCode = code.toInt()](FaultPoint point) {
             return point == FaultPoint::Query ? 0 : resultCode;
         };
         beginEdit(*m_rows);
@@ -392,24 +359,22 @@ private slots:
 
     void closing()
     {
-        const Step uses[] = {
-            [](Dynaset &r) { r.bof(); },
-            [](Dynaset &r) { r.eof(); },
-            [](Dynaset &r) { r.isEmpty(); },
-            [](Dynaset &r) { r.recordCount(); },
-            [](Dynaset &r) { r.moveFirst(); },
-            [](Dynaset &r) { r.moveNext(); },
-            [](Dynaset &r) { r.findFirst(u"coinid = 1"_s); },
-            [](Dynaset &r) { r.noMatch(); },
-            [](Dynaset &r) { r.value(u"descr"); },
-            [](Dynaset &r) { r.addNew(); },
-            [](Dynaset &r) { r.edit(); },
-            [](Dynaset &r) { r.setValue(u"descr", Value()); },
-            [](Dynaset &r) { r.update(); },
-            [](Dynaset &r) { r.cancelUpdate(); },
-            [](Dynaset &r) { r.remove(); },
-            [](Dynaset &r) { r.close(); },
-        };
+        const Step uses[] = {[](Dynaset &r) { r.bof(); },
+                             [](Dynaset &r) { r.eof(); },
+                             [](Dynaset &r) { r.isEmpty(); },
+                             [](Dynaset &r) { r.recordCount(); },
+                             [](Dynaset &r) { r.moveFirst(); },
+                             [](Dynaset &r) { r.moveNext(); },
+                             [](Dynaset &r) { r.findFirst(u"coinid = 1"_s); },
+                             [](Dynaset &r) { r.noMatch(); },
+                             [](Dynaset &r) { r.value(u"descr"); },
+                             [](Dynaset &r) { r.addNew(); },
+                             [](Dynaset &r) { r.edit(); },
+                             [](Dynaset &r) { r.setValue(u"descr", Value()); },
+                             [](Dynaset &r) { r.update(); },
+                             [](Dynaset &r) { r.cancelUpdate(); },
+                             [](Dynaset &r) { r.remove(); },
+                             [](Dynaset &r) { r.close(); }};
         const auto closed = m_database->openDynaset(u"select * from Coin"_s);
         closed->edit();
         closed->close();

@@ -3,7 +3,6 @@
 #include "support/Cases.h"
 
 using namespace obelmark;
-using namespace Qt::StringLiterals;
 
 /// Copies of rows, and rows streamed.
 class Snapshots : public QObject
@@ -120,10 +119,9 @@ private slots:
         const auto rows = m_database->openSnapshot(u"select * from Coin where coinid > 99"_s);
         QVERIFY(rows->bof() && rows->eof() && rows->isEmpty());
         QCOMPARE(rows->recordCount(), 0);
-        QCOMPARE(errorOf([&] { rows->moveFirst(); }), int(NoCurrentRecord));
-        QCOMPARE(errorOf([&] { rows->moveLast(); }), int(NoCurrentRecord));
-        QCOMPARE(errorOf([&] { rows->moveNext(); }), int(NoCurrentRecord));
-        QCOMPARE(errorOf([&] { rows->movePrevious(); }), int(NoCurrentRecord));
+        for (const auto move :
+             {&Recordset::moveFirst, &Recordset::moveLast, &Recordset::moveNext, &Recordset::movePrevious})
+            QCOMPARE(errorOf([&] { ((*rows).*move)(); }), int(NoCurrentRecord));
         QCOMPARE(errorOf([&] { rows->value(u"descr"); }), int(NoCurrentRecord));
         rows->findFirst(u"coinid = 1"_s);
         QVERIFY(rows->noMatch());

@@ -2,7 +2,6 @@
 #include "support/Cases.h"
 
 using namespace obelmark;
-using namespace Qt::StringLiterals;
 
 /// Where rows stand in a dynaset: moves in both directions, and finds, against orders written down by hand.
 class SortedPlaces : public QObject

@@ -26,7 +26,7 @@ public:
 
     static QByteArray dataFile(const char *name)
     {
-        QFile file(QStringLiteral(OBELMARK_OLD_DATA "/") + QString::fromLatin1(name));
+        QFile file(QStringLiteral(OBELMARK_TEST_DATA "/") + QString::fromLatin1(name));
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
     static QByteArray original()

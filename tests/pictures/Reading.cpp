@@ -7,7 +7,6 @@
 #include <random>
 
 using namespace obelmark;
-using namespace Qt::StringLiterals;
 
 namespace {
 

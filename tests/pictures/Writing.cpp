@@ -9,7 +9,6 @@
 #include <QtTest>
 
 using namespace obelmark;
-using namespace Qt::StringLiterals;
 
 class WritingTest : public QObject
 {

@@ -2,14 +2,11 @@
 #include "common/SharedState.h"
 #include "store/CoinFile.h"
 #include "store/ErrorHandling.h"
+#include "support/Cases.h"
 #include "support/ScriptedDesktop.h"
 #include "support/TestCollection.h"
-#include <QDir>
-#include <QFile>
-#include <QTest>
 
 using namespace obelmark;
-using namespace Qt::StringLiterals;
 using Answer = Desktop::Answer;
 
 namespace {
@@ -62,30 +59,11 @@ class LostFile : public QObject
 {
     Q_OBJECT
 private slots:
-    // After a first coin has been saved, the file goes away under the second.
-    void nothingIsSavedIntoNowhere_data()
-    {
-        QTest::addColumn<QString>("does"); // another program
-        QTest::addColumn<Answer>("answer");
-        QTest::addColumn<QString>("in"); // the file of the program afterwards
-        QTest::addColumn<QString>("coins");
-        QTest::newRow("deletes") << u"rm %1"_s << Answer::Yes << u"coin-saved-2.mdb"_s << u"first second"_s;
-        QTest::newRow("renames") << u"mv %1 %1.x"_s << Answer::Yes << u"coin-saved-2.mdb"_s
-                                 << u"first second"_s;
-        QTest::newRow("renames, not saved") << u"mv %1 %1.x"_s << Answer::No << u"coin.mdb.x"_s << u"first"_s;
-        QTest::newRow("replaces") << u"mv other.mdb %1"_s << Answer::Yes << u"coin-saved-2.mdb"_s
-                                  << u"first second"_s;
-        QTest::newRow("replaces, not saved")
-            << u"mv other.mdb %1"_s << Answer::No << u"coin.mdb"_s << u"other"_s;
-        QTest::newRow("writes into it")
-            << u"cat other.mdb > %1"_s << Answer::Yes << u"coin.mdb"_s << u"other second"_s;
-        QTest::newRow("renames the folder")
-            << u": %1; mv %2 %2.x"_s << Answer::Yes << u"../c.x/coin.mdb"_s << u"first second"_s;
-    }
+    void nothingIsSavedIntoNowhere_data() { cases::add(); }
     void nothingIsSavedIntoNowhere()
     {
-        QFETCH(QString, does);
-        QFETCH(Answer, answer);
+        const auto [does, saves, in, expected] = cases::row<4>();
+        const Answer answer = saves == u"yes" ? Answer::Yes : Answer::No;
         TestCollection collection;
         QVERIFY(QDir().mkdir(u"c"_s) && QDir::setCurrent(u"c"_s));
         const QString folder = QDir::currentPath();
@@ -133,8 +111,7 @@ private slots:
         shared.CoinDatabase.reset();
         if (isReplaced)
             QVERIFY(contentOf(path + u"-journal"_s).endsWith("its own"));
-        QFETCH(QString, in);
-        QTEST(coinsIn(in), "coins");
+        QCOMPARE(coinsIn(in), expected);
         QCOMPARE(contentOf(u"coin-saved.mdb"_s), "someone's");
     }
 };

@@ -4,12 +4,10 @@
 #include "store/CoinFile.h"
 #include "support/TestCollection.h"
 #include "support/UnsyncedVfs.h"
-#include <QDir>
-#include <QTest>
+#include <QtTest>
 #include <random>
 
 using namespace obelmark;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -69,114 +67,108 @@ class VersionedFiles : public QObject
 {
     Q_OBJECT
 private slots:
-    void earlierIsBroughtUpToDate();
-    void laterIsLeftAlone();
-    void cutOffAtAnyChange();
-    void fullDisk();
-    void damaged();
-};
-
-void VersionedFiles::earlierIsBroughtUpToDate()
-{
-    const FirstVersion collection;
-    openCoinDatabase(collection.databasePath());
-    QVERIFY(collection.isNewest());
-    QVERIFY(collection.isFirst(setAside));
-    // Nothing more happens to it, and another old file is set aside under a name of its own.
-    const QByteArray done = collection.bytes();
-    openCoinDatabase(collection.databasePath());
-    QCOMPARE(collection.bytes(), done);
-    collection.exec(u"pragma user_version = -5; update Coin set notes = 'other'"_s);
-    openCoinDatabase(collection.databasePath());
-    QCOMPARE(collection.query(marks), QStringList{currentMarks});
-    QVERIFY(collection.files().contains(u"coin-version-1-2.mdb"_s));
-    replaceByCompacted(collection.databasePath(), {});
-    QVERIFY(collection.files().filter(u"version"_s).isEmpty());
-    QCOMPARE(collection.query(marks), QStringList{currentMarks});
-}
-
-void VersionedFiles::laterIsLeftAlone()
-{
-    const FirstVersion collection;
-    collection.exec(u"pragma user_version = 3; drop table mint"_s);
-    const QByteArray before = collection.bytes();
-    const QStringList files = collection.files();
-    const auto refuse = [&](auto use) {
-        try {
-            use(collection.databasePath());
-            return 0;
-        } catch (const EngineError &error) {
-            return error.number();
-        }
-    };
-    QCOMPARE(refuse([](const QString &path) { openCoinDatabase(path); }), int(NewerVersion));
-    QCOMPARE(refuse([](const QString &path) { repairCoinFile(path); }), int(NewerVersion));
-    QCOMPARE(collection.bytes(), before);
-    QCOMPARE(collection.files(), files);
-}
-
-void VersionedFiles::cutOffAtAnyChange()
-{
-    int changes = 0;
-    int kept = 0;
-    std::minstd_rand chance(1);
-    for (int cut = 0; cut <= changes; cut += 1 + int(chance() % 8)) { // 0: after the last change
+    void earlierIsBroughtUpToDate()
+    {
         const FirstVersion collection;
-        {
+        openCoinDatabase(collection.databasePath());
+        QVERIFY(collection.isNewest());
+        QVERIFY(collection.isFirst(setAside));
+        // Nothing more happens to it, and another old file is set aside under a name of its own.
+        const QByteArray done = collection.bytes();
+        openCoinDatabase(collection.databasePath());
+        QCOMPARE(collection.bytes(), done);
+        collection.exec(u"pragma user_version = -5; update Coin set notes = 'other'"_s);
+        openCoinDatabase(collection.databasePath());
+        QCOMPARE(collection.query(marks), QStringList{currentMarks});
+        QVERIFY(collection.files().contains(u"coin-version-1-2.mdb"_s));
+        replaceByCompacted(collection.databasePath(), {});
+        QVERIFY(collection.files().filter(u"version"_s).isEmpty());
+        QCOMPARE(collection.query(marks), QStringList{currentMarks});
+    }
+
+    void laterIsLeftAlone()
+    {
+        const FirstVersion collection;
+        collection.exec(u"pragma user_version = 3; drop table mint"_s);
+        const QByteArray before = collection.bytes();
+        const QStringList files = collection.files();
+        const auto refuse = [&](auto use) {
+            try {
+                use(collection.databasePath());
+                return 0;
+            } catch (const EngineError &error) {
+                return error.number();
+            }
+        };
+        QCOMPARE(refuse([](const QString &path) { openCoinDatabase(path); }), int(NewerVersion));
+        QCOMPARE(refuse([](const QString &path) { repairCoinFile(path); }), int(NewerVersion));
+        QCOMPARE(collection.bytes(), before);
+        QCOMPARE(collection.files(), files);
+    }
+
+    void cutOffAtAnyChange()
+    {
+        int changes = 0;
+        int kept = 0;
+        std::minstd_rand chance(1);
+        for (int cut = 0; cut <= changes; cut += 1 + int(chance() % 8)) { // 0: after the last change
+            const FirstVersion collection;
+            {
+                UnsyncedVfs disk;
+                disk.cutPowerAt(cut);
+                try {
+                    openCoinDatabase(collection.databasePath());
+                } catch (const NumberedError &) {
+                }
+                changes = std::max(changes, disk.changeCount());
+                disk.restart(unsigned(cut));
+            }
+            QVERIFY2(collection.isFirst() || collection.isNewest(), qPrintable(QString::number(cut)));
+            kept += collection.isFirst();
+            openCoinDatabase(collection.databasePath());
+            QVERIFY2(collection.isNewest() && collection.isWhole(), qPrintable(QString::number(cut)));
+            QCOMPARE(collection.files().filter(u"version"_s), QStringList{setAside});
+            QVERIFY(collection.isFirst(setAside));
+        }
+        QVERIFY2(kept > 8 && kept < changes, qPrintable(u"%1 of %2"_s.arg(kept).arg(changes)));
+    }
+
+    void fullDisk()
+    {
+        int failures = 0;
+        for (qint64 freeSpace = 0; freeSpace < 2'000'000; freeSpace += 100'000) {
+            const FirstVersion collection;
+            const QByteArray before = collection.bytes();
             UnsyncedVfs disk;
-            disk.cutPowerAt(cut);
+            disk.setFreeSpace(freeSpace);
             try {
                 openCoinDatabase(collection.databasePath());
-            } catch (const NumberedError &) {
+                QVERIFY(failures > 2);
+                return;
+            } catch (const EngineError &error) {
+                QCOMPARE(error.number(), int(DiskFull));
+                QVERIFY(error.description().contains(u"as it was"_s));
+                QVERIFY(collection.isFirst());
+                ++failures;
             }
-            changes = std::max(changes, disk.changeCount());
-            disk.restart(unsigned(cut));
         }
-        QVERIFY2(collection.isFirst() || collection.isNewest(), qPrintable(QString::number(cut)));
-        kept += collection.isFirst();
-        openCoinDatabase(collection.databasePath());
-        QVERIFY2(collection.isNewest() && collection.isWhole(), qPrintable(QString::number(cut)));
-        QCOMPARE(collection.files().filter(u"version"_s), QStringList{setAside});
-        QVERIFY(collection.isFirst(setAside));
+        QFAIL("never enough space");
     }
-    QVERIFY2(kept > 8 && kept < changes, qPrintable(u"%1 of %2"_s.arg(kept).arg(changes)));
-}
 
-void VersionedFiles::fullDisk()
-{
-    int failures = 0;
-    for (qint64 freeSpace = 0; freeSpace < 2'000'000; freeSpace += 100'000) {
+    /// A repaired file is brought up to date without being set aside once more.
+    void damaged()
+    {
         const FirstVersion collection;
-        const QByteArray before = collection.bytes();
-        UnsyncedVfs disk;
-        disk.setFreeSpace(freeSpace);
-        try {
-            openCoinDatabase(collection.databasePath());
-            QVERIFY(failures > 2);
-            return;
-        } catch (const EngineError &error) {
-            QCOMPARE(error.number(), int(DiskFull));
-            QVERIFY(error.description().contains(u"as it was"_s));
-            QVERIFY(collection.isFirst());
-            ++failures;
-        }
+        QFile file(collection.databasePath());
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        file.seek(20);
+        file.write(QByteArray(20, '\xff'));
+        file.close();
+        repairCoinFile(collection.databasePath());
+        QVERIFY(collection.isNewest());
+        QVERIFY(collection.files().filter(u"version"_s).isEmpty());
     }
-    QFAIL("never enough space");
-}
-
-/// A repaired file is brought up to date without being set aside once more.
-void VersionedFiles::damaged()
-{
-    const FirstVersion collection;
-    QFile file(collection.databasePath());
-    QVERIFY(file.open(QIODevice::ReadWrite));
-    file.seek(20);
-    file.write(QByteArray(20, '\xff'));
-    file.close();
-    repairCoinFile(collection.databasePath());
-    QVERIFY(collection.isNewest());
-    QVERIFY(collection.files().filter(u"version"_s).isEmpty());
-}
+};
 
 QTEST_GUILESS_MAIN(VersionedFiles)
 #include "VersionedFiles.moc"
