@@ -1,4 +1,6 @@
 #include "EditorFixture.h"
+#include "coins/WriteStep.h"
+#include "store/CoinFile.h"
 
 using namespace obelmark;
 
@@ -31,6 +33,37 @@ private slots:
         QCOMPARE(e.list(u"cmbCon").currentIndex(), -1);
         QCOMPARE(e.date(u"dcIssueDate").text(), QString());
         QCOMPARE(e.edit(u"txtPricePaid").text(), QString());
+    }
+
+    // What another window writes is shown at once, but not while a coin is typed.
+    void changesOfOthers()
+    {
+        EditorFixture e(threeCoins);
+        e.start();
+        const auto coins = openCoins(*e.shared->CoinDatabase); // on "alpha", as the window
+        const auto write = [&](Dynaset &rows, bool removes) {
+            WriteStep step(*e.shared, StepKind::Bulk, {}, nullptr);
+            QVERIFY((removes ? step.remove(rows) : step.update(rows)) && step.commit());
+        };
+        coins->edit();
+        coins->setValue(u"descr", u"zeta"_s);
+        write(*coins, false);
+        QCOMPARE(e.shownCoin(), u"zeta"_s);
+        const auto entries =
+            e.shared->CoinDatabase->openDynaset(lookupTable(Lookup::Conditions).entriesQuery());
+        entries->addNew();
+        entries->setValue(u"Condesc", u"new"_s);
+        write(*entries, false);
+        QVERIFY(e.list(u"cmbCon").findText(u"new"_s) >= 0);
+        write(*coins, true);
+        QCOMPARE(e.shownCoin(), u"Gamma"_s);
+        e.typeInto(u"txtDescr", u"typed"_s);
+        while (!coins->isEmpty()) {
+            coins->moveFirst();
+            write(*coins, true);
+        }
+        QCOMPARE(e.shownCoin(), u"typed"_s);
+        QCOMPARE(e.desktop.problems(), QStringList());
     }
 
     void tabKeyWalksThroughThePages()

@@ -51,7 +51,8 @@ private slots:
              u"It is protected by a password.  Remove the password with the program that has set it, then try again."_s},
             {whole.first(oldPageSize), u"It is damaged: its list of tables cannot be read."_s},
             {whole.first(100), u"It cannot be opened or is damaged."_s},
-            {QByteArray(whole).replace("C\0o\0i\0n\0"_ba, "C\0a\0r\0d\0"_ba), u"It has no table 'Coin'."_s},
+            {QByteArray(whole).replace("C\0o\0i\0n\0"_ba, "C\0a\0r\0d\0"_ba),
+             u"It has no table 'Coin':  it is damaged, or no file of this program."_s},
             {QByteArray(whole).replace("c\0o\0i\0n\0i\0d\0"_ba, QByteArray(12, '\x7f')),
              u"It is damaged: no record of its table 'Coin' can be read."_s}};
         for (const auto &[bytes, reason] : files) {

@@ -79,7 +79,7 @@ private slots:
 
         {
             const auto database = openCoinDatabase(f.path(u"coin.mdb"_s));
-            const auto coins = openCoins(*database, 1);
+            const auto coins = openCoins(*database);
             coins->addNew();
             QCOMPARE(coins->value(u"coinid"), Value(421)); // eleven were deleted behind the last
         }
@@ -262,7 +262,7 @@ private slots:
             title, Desktop::Answer::Yes);
         f.desktop.expectMessage(wholeReport, title);
         f.desktop.expectMessage(
-            u"'rptspec.mdb' could not be taken over and is as it was.\n\nIt has no table 'RptSpec'."_s,
+            u"'rptspec.mdb' could not be taken over and is as it was.\n\nIt has no table 'RptSpec':  it is damaged, or no file of this program."_s,
             title);
         QVERIFY(f.takeOver());
         QCOMPARE(f.desktop.problems(), QStringList());

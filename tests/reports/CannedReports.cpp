@@ -33,7 +33,7 @@ const QStringList htmlEnd{u"</table>"_s,
 Report coinsBy(qint16 mode, std::optional<qint32> selected)
 {
     return [=](SharedState &shared, ReportPreview &preview) {
-        shared.ReportGroupMode = mode;
+        shared.ReportGroupMode = Lookup(mode);
         RptCoinsBy(shared, preview, [&] {
             shared.FindCancelled = !selected;
             shared.SelectedGroupID = selected.value_or(0);
@@ -58,7 +58,7 @@ private slots:
         const auto [name, textName, htmlName, label] = cases::row<4>();
         for (const bool isText : {true, false}) {
             ReportFixture f(QString::fromUtf16(coins));
-            f.shared.OutputTarget = isText ? 2 : 3;
+            f.shared.OutputTarget = isText ? ReportKind::TextFile : ReportKind::HtmlFile;
             f.desktop.answerSaveFile(isText ? textName : htmlName,
                                      isText ? u"Text Files (*.txt)|*.txt|All Files (*.*)|*.*"_s
                                             : label + u" Files (*.htm)|*.htm|All Files (*.*)|*.*"_s,
@@ -86,7 +86,7 @@ private slots:
                         "insert into Coin (descr, catnum, face, Year, quantity, %2) values"
                         " ('one', 'c', 10000, 1900, 4, 7), ('other', 'd', null, null, 9, 8),"
                         " ('Five', null, null, 2001, 6, 7)"_s.arg(table, key, description));
-        f.shared.OutputTarget = 3;
+        f.shared.OutputTarget = ReportKind::HtmlFile;
         f.desktop.answerSaveFile(u"coin.htm"_s, u"Html Files (*.htm)|*.htm|All Files (*.*)|*.*"_s, f.file());
         coinsBy(mode, 7)(f.shared, f.preview);
         QCOMPARE(f.desktop.problems(), QStringList());
@@ -100,18 +100,19 @@ private slots:
                          "<tr><td>Beta</td><td>one</td><td>c</td><td align=right>$1.00</td><td>1900</td>"
                          "<td align=right>4</td></tr>\r\n"
                          "<tr><td>Total Coins</td><td align=right colspan=5>10</td></tr>\r\n"_s));
-        f.shared.OutputTarget = 1;
+        f.shared.OutputTarget = ReportKind::Preview;
         coinsBy(mode, {})(f.shared, f.preview);
         QCOMPARE(f.preview.shows, 0);
         coinsBy(mode, -1)(f.shared, f.preview);
         QCOMPARE(f.preview.shows, 1);
-        QCOMPARE(f.shared.TableHeading, heading + u"|Description|Cat #|Face Value|Year|Quantity;"_s);
+        QCOMPARE(f.preview.document().pageText(0).section(u'\n', 1, 1),
+                 heading + u"\tDescription\tCat #\tFace Value\tYear\tQuantity"_s);
     }
 
     void otherRegion()
     {
         ReportFixture f(QString::fromUtf16(coins), QLocale(u"de_DE"_s));
-        f.shared.OutputTarget = 2;
+        f.shared.OutputTarget = ReportKind::TextFile;
         f.answerTextFile(u"Sales.txt"_s, f.file());
         RptSales(f.shared, f.preview);
         const QString lines = QString::fromUtf8(f.content());
@@ -125,14 +126,14 @@ private slots:
         const auto [name, textName, message] = cases::row<3>();
         const Report &report = reports.at(name);
         ReportFixture f;
-        f.shared.OutputTarget = 2;
+        f.shared.OutputTarget = ReportKind::TextFile;
         f.writeFile("old");
         f.answerTextFile(textName, f.file());
         f.answerReplace(Answer::Yes);
         f.desktop.expectMessage(message);
         report(f.shared, f.preview);
         QCOMPARE(f.content(), QByteArray());
-        f.shared.OutputTarget = 1;
+        f.shared.OutputTarget = ReportKind::Preview;
         f.desktop.expectMessage(message);
         report(f.shared, f.preview);
         QCOMPARE(f.desktop.problems(), QStringList());
@@ -143,7 +144,7 @@ private slots:
     void webTableWithoutRows()
     {
         ReportFixture f;
-        f.shared.OutputTarget = 3;
+        f.shared.OutputTarget = ReportKind::HtmlFile;
         f.desktop.answerSaveFile(u"sellers.htm"_s, u"html Files (*.htm)|*.htm|All Files (*.*)|*.*"_s,
                                  f.file());
         f.desktop.expectMessage(u"You have not entered any Coin Sellers!"_s);
@@ -169,9 +170,8 @@ private slots:
         QCOMPARE(placeOf(u"$246,915.59"_s), u"row 5, cell 1"_s);
         QVERIFY(f.preview.hourglassSeen);
         QVERIFY(!f.desktop.hourglass());
-        QCOMPARE(f.shared.TableFormat, u"2160|1400|>1400|>1440|>1400|>1400|>1400;"_s);
-        QCOMPARE(f.shared.TableHeading,
-                 u"Description|Cat #|Quantity|Paid Each|Total Paid|Value Each|Total Value;"_s);
+        QCOMPARE(document.pageText(0).section(u'\n', 1, 1),
+                 u"Description\tCat #\tQuantity\tPaid Each\tTotal Paid\tValue Each\tTotal Value"_s);
     }
 
     // Whatever comes between the question for the file and the last row, a file that stood there stays.
@@ -184,7 +184,7 @@ private slots:
         QVERIFY(QDir().mkdir(u"images"_s));
         f.writeFile("old");
         const QString file = f.collection.folder() + path;
-        f.shared.OutputTarget = 2;
+        f.shared.OutputTarget = ReportKind::TextFile;
         f.answerTextFile(u"CoinDesc.txt"_s, file);
         if (QFile::exists(file) && !message.contains(u"belongs"_s))
             f.answerReplace(replace == u"yes" ? Answer::Yes : Answer::No, file);
@@ -213,7 +213,7 @@ private slots:
         QCOMPARE(f.preview.document().title(), shown);
         QCOMPARE(f.preview.document().rowCount(), 1000);
         QVERIFY(!f.desktop.hourglass());
-        f.shared.OutputTarget = 2;
+        f.shared.OutputTarget = ReportKind::TextFile;
         f.answerTextFile(u"CoinDesc.txt"_s, {});
         RptCoinList(f.shared, f.preview);
         QVERIFY(f.shared.FindCancelled);
@@ -228,7 +228,7 @@ private slots:
               u"(1, null, 9000000000000000000), (1, null, 9000000000000000000)"_s,
               u"(1, -9000000000000000000, 9000000000000000000)"_s}) {
             ReportFixture f(u"insert into Coin (quantity, pricepaid, catvalue) values "_s + values);
-            f.shared.OutputTarget = 2;
+            f.shared.OutputTarget = ReportKind::TextFile;
             f.answerTextFile(u"Value.txt"_s, f.file());
             try {
                 RptValue(f.shared, f.preview);

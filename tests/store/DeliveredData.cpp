@@ -27,7 +27,7 @@ private slots:
     {
         const auto database = openCoinDatabase(m_empty);
         QVERIFY_THROWS_EXCEPTION(EngineError, openCoinDatabase(m_empty)); // in use
-        QVERIFY(openCoins(*database, 1)->isEmpty());
+        QVERIFY(openCoins(*database)->isEmpty());
         for (const QString &lookup : lookups) {
             const QString table = lookup.section(u' ', 0, 0);
             const auto rows = database->openSnapshot(u"select * from "_s + table);

@@ -148,7 +148,8 @@ private slots:
             return texts;
         };
         QCOMPARE(walk(*program.shared.CoinRecordset), QStringList({u"Ä"_s, u"b"_s, u"Zz"_s}));
-        QCOMPARE(walk(*openCoins(*program.shared.CoinDatabase, CoinOrder::CatalogueNumber)), QStringList({u"Zz"_s, u"b"_s, u"Ä"_s}));
+        QCOMPARE(walk(*openCoins(*program.shared.CoinDatabase, CoinOrder::CatalogueNumber)),
+                 QStringList({u"Zz"_s, u"b"_s, u"Ä"_s}));
     }
 };
 

@@ -1,12 +1,5 @@
 #include "support/GuiDriver.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QDialog>
-#include <QPointer>
-#include <QScopeGuard>
-#include <QTimer>
-
 using namespace Qt::StringLiterals;
 
 namespace obelmark::gui {

@@ -1,12 +1,9 @@
 #include "support/TestCollection.h"
 
-#include <QDir>
-#include <QFile>
+#include <QtCore>
 #include <SQLiteCpp/SQLiteCpp.h>
 
 namespace obelmark {
-
-using namespace Qt::StringLiterals;
 
 TestCollection::TestCollection() : m_previousFolder(QDir::currentPath())
 {

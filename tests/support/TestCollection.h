@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QString>
-#include <QStringList>
-#include <QTemporaryDir>
+#include <QtCore>
 
 namespace obelmark {
+
+using namespace Qt::StringLiterals;
 
 /// A program folder of its own for each test, with a fresh copy of the delivered coin.mdb, made the current
 /// directory. exec() and query() are for while the program has not opened the file.
