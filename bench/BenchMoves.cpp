@@ -19,8 +19,8 @@ struct Movers
 {
     explicit Movers(const SortOrder &sortOrder)
         : order(sortOrder), database(openCoinDatabase(collection(million))),
-          coins(openCoins(*database, CoinOrder(order.number))), plainDatabase(openPlain(twinOf(collection(million)))),
-          plainCoins(plainDatabase.get(), order.keys)
+          coins(openCoins(*database, CoinOrder(order.number))),
+          plainDatabase(openPlain(twinOf(collection(million)))), plainCoins(plainDatabase.get(), order.keys)
     {
         coins->moveLast();
         plainCoins.moveLast();
