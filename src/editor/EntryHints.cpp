@@ -25,6 +25,7 @@ void EntryHints::tell()
 {
     QString first;
     QString focused;
+    QString refused;
     m_fields.forEach([&](const FieldControl &field) {
         QWidget &widget = *field.widget();
         const QString remark = field.remark(m_watch.checks(&widget));
@@ -33,9 +34,14 @@ void EntryHints::tell()
         setFieldHint(widget, sentence);
         if (first.isEmpty())
             first = sentence;
+        if (refused.isEmpty() && remark.startsWith("must "_L1))
+            refused = sentence;
         if (m_window.focusWidget() == &widget)
             focused = sentence;
     });
+    // What keeps the coin from being saved comes before what will be saved otherwise.
+    if (!refused.isEmpty() && !focused.contains(": must "_L1))
+        focused = refused;
     emit told(focused.isEmpty() ? first : focused);
 }
 

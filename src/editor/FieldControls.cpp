@@ -8,6 +8,7 @@
 #include "runtime/NumberedError.h"
 #include "runtime/Numbers.h"
 #include <QLineEdit>
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -75,12 +76,25 @@ bool endsWithMinus(const QString &text)
     return plain.endsWith(u'-') || plain.endsWith(QChar(0x2212));
 }
 
+/// Whether the signs between groups of digits stand where one expects them: 1,878 and not 18,78.
+bool isGrouped(const QString &typed, const RegionalSettings &regional)
+{
+    const QString &sign = regional.groupSeparator();
+    const QString whole = typed.section(regional.decimalPoint(), 0, 0);
+    if (sign.isEmpty() || !typed.contains(sign))
+        return true;
+    const QString last = whole.section(sign, -1);
+    const auto digits = std::ranges::count_if(last, [](QChar letter) { return letter.isDigit(); });
+    return whole.contains(sign) && digits == 3 && typed.count(sign) == whole.count(sign);
+}
+
 /// What there is to say of a number that is going to be saved as another text says: nothing when the number
-/// is written out, 1,878 or $1878. In 2.505, 1.9E3 and 1878- there is more than one sees at once.
-QString numberRemark(const QString &typed, const QString &saved)
+/// is written out, 1,878 or $1878. In 2.505, 1.9E3, 18,78 and 1878- there is more than one sees at once.
+QString numberRemark(const QString &typed, const QString &saved, const RegionalSettings &regional)
 {
     const bool isWrittenOut = significantDigits(typed) == significantDigits(saved) &&
-                              (!endsWithMinus(typed) || endsWithMinus(saved));
+                              isGrouped(typed, regional) && (!endsWithMinus(typed) || endsWithMinus(saved)) &&
+                              (!typed.contains(u'(') || saved.contains(u'('));
     return isWrittenOut ? QString() : savedAs(saved);
 }
 
@@ -137,7 +151,7 @@ QString MoneyControl::remark(bool isChecked) const
     if (!isNumber())
         return noValue(text(), u"number"_s, isChecked);
     if (const auto &amount = reading().amount)
-        return numberRemark(text(), formatCurrency(*amount, regional));
+        return numberRemark(text(), formatCurrency(*amount, regional), regional);
     return beyondMoney(toDouble(text(), regional) < 0, regional);
 }
 
@@ -216,7 +230,7 @@ QString NumberControl::remark(bool isChecked) const
     if (!isNumeric(text, m_shared.regional))
         return noValue(text, u"number"_s, isChecked);
     try {
-        return numberRemark(text, plainNumber(value().toInt(), m_shared.regional));
+        return numberRemark(text, plainNumber(value().toInt(), m_shared.regional), m_shared.regional);
     } catch (const NumberedError &) {
         return m_size == Size::Bits32 ? outOfRange<qint32>(m_shared.regional)
                                       : outOfRange<qint16>(m_shared.regional);

@@ -83,13 +83,16 @@ void DatabaseCore::connect(Database::Access access)
     configure(*m_connection);
     if (access == Database::Access::Shared)
         return;
-    if (sqlite3_db_readonly(m_connection->getHandle(), "main"))
-        throw SQLite::Exception("attempt to write a readonly database", SQLITE_READONLY);
     m_connection->exec("pragma locking_mode = exclusive");
     // The lock is taken with the first transaction and kept.
     const int locked = m_connection->tryExec("begin exclusive; commit");
-    if (locked == SQLITE_READONLY && hasImpossibleVersion(m_path))
+    const bool isReadOnly =
+        locked == SQLITE_READONLY || sqlite3_db_readonly(m_connection->getHandle(), "main");
+    // A file whose header names a format of later times cannot be written either.
+    if (isReadOnly && hasImpossibleVersion(m_path))
         throw SQLite::Exception("database disk image is malformed", SQLITE_CORRUPT);
+    if (isReadOnly)
+        throw SQLite::Exception("attempt to write a readonly database", SQLITE_READONLY);
     m_connection->check(locked);
     m_place.emplace().learn(m_path, *m_connection);
     obelmark::requireInPlace(*m_connection);
