@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // bench_coin_sets: a million coins by place, in some order, as a list of coins has them; against plain
 // SQLite, which reads their keys in one go.
 #include "Collections.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // bench_custom_report: a custom report of ten fields, three of them from lookup tables, on a million coins
 // into a text file, against the sqlite3 shell writing the rows of the same query with tabs.
 #include "Collections.h"

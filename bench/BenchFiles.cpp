@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Work on the file as a whole: packing and backing up a million coins, against the same with the sqlite3
 // shell.
 #include "Collections.h"

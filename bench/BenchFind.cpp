@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Finding coins among a million, and reading the entries of a lookup list.
 #include "Collections.h"
 #include "Comparison.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // A lookup table of 50 thousand entries against the delivered one of some hundred: moving through it, and
 // asking whether a coin uses an entry.
 #include "Collections.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Moves in the three orders of a million coins, each with everything that the window shows of the coin read.
 #include "Collections.h"
 #include "Comparison.h"

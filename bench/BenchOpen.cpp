@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Opening a collection up to its first coin, with everything that the window shows of it read.
 #include "Collections.h"
 #include "Comparison.h"

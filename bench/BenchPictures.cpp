@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // bench_pictures: a photograph of 50 megapixels from the file to the screen, fitted into the picture window,
 // against decoding all of it.
 #include "Comparison.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // bench_preview: the pages of large reports, from the first row to the PDF file.
 #include "Comparison.h"
 #include "documents/PageSetup.h"

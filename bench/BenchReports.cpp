@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // bench_reports: the reports on a million coins. Into files, against the sqlite3 shell writing the same rows
 // with tabs; their memory above an idle program; and whether ten times the coins take ten times as long.
 #include "Collections.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // bench_start: from the start of the process to its first coin on the screen, against a program that shows
 // one empty window.
 #include "Collections.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Saving a changed coin among a million, against a prepared UPDATE of the same columns.
 #include "Collections.h"
 #include "Comparison.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // bench_engine: the engine, the store and the work on whole files against SQLite's own C calls.
 #include "Comparison.h"
 #include "EngineBenches.h"

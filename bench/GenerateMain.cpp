@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // bench_generate N FILE [mixed|ascii|other]: a collection of N coins.
 #include "CollectionGenerator.h"
 

@@ -1,4 +1,6 @@
 #!/bin/sh
+# SPDX-FileCopyrightText: The Obelmark developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Builds the benchmarks and measures everything in one go: one line for each figure, with its target.
 #   bench/run.sh [--benchmark_filter=REGEX]
 # The collections are made once, in the build folder or the one that OBELMARK_BENCH_DATA names (3 GB, on a disk).

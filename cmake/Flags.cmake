@@ -1,3 +1,5 @@
+# SPDX-FileCopyrightText: The Obelmark developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Every compiler flag of the project stands here, in one interface target.
 add_library(obelmark_flags INTERFACE)
 target_compile_features(obelmark_flags INTERFACE cxx_std_20)

@@ -1,3 +1,5 @@
+-- SPDX-FileCopyrightText: The Obelmark developers
+-- SPDX-License-Identifier: GPL-3.0-or-later
 -- The coin database as delivered: tables, indexes and triggers; no coins.
 --
 -- Plain SQLite: no function, collation or extension of the program's own stands in the schema, so any SQLite tool

@@ -1,3 +1,5 @@
+-- SPDX-FileCopyrightText: The Obelmark developers
+-- SPDX-License-Identifier: GPL-3.0-or-later
 -- The report field catalogue as delivered: the fields that custom reports and Find offer.
 --
 -- specid     names the field in report files: never give a number away again, never renumber

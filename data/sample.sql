@@ -1,3 +1,5 @@
+-- SPDX-FileCopyrightText: The Obelmark developers
+-- SPDX-License-Identifier: GPL-3.0-or-later
 -- A sample collection, to try the program out with: a few hundred lots of real coins, bought from, sold to and
 -- sought through invented people.
 --

@@ -1,3 +1,5 @@
+-- SPDX-FileCopyrightText: The Obelmark developers
+-- SPDX-License-Identifier: GPL-3.0-or-later
 -- The entries that the lookup tables of an empty collection start with. Sellers are the collector's own: none.
 --
 -- The lists show in the order of their text. The columns ...sort stay empty here; the program fills them.

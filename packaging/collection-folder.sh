@@ -1,4 +1,6 @@
 # shellcheck shell=bash
+# SPDX-FileCopyrightText: The Obelmark developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 # What ./run and the installed start script have in common: preparing the folder of a collection. To be sourced, by a
 # script that has a function "die MESSAGE".
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The composition root: makes the shared state and the windows, nothing else.
 #include "common/SharedState.h"
 #include "desktop/qt/DropDownStyle.h"

@@ -1,4 +1,6 @@
 # shellcheck shell=bash
+# SPDX-FileCopyrightText: The Obelmark developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Showing the program where there is no display: on a virtual screen, as a picture. To be sourced after setup.sh.
 
 # wait_for SECONDS COMMAND...: tries the command until it succeeds

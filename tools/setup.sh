@@ -1,4 +1,6 @@
 # shellcheck shell=bash
+# SPDX-FileCopyrightText: The Obelmark developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 # What ./run and ./test have in common: installing packages and building. To be sourced.
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The editor's side of the main window: showing, moving, adding, changing and deleting coins.
 #include "coins/CoinRules.h"
 #include "coins/WriteStep.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The report designer, used with mouse and keyboard.
 #include "common/SharedState.h"
 #include "custom_reports/NoPreview.h"

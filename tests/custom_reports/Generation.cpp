@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Custom reports from their definitions: the query, the rows it selects, and what the targets receive.
 #include "common/SharedState.h"
 #include "custom_reports/NoPreview.h"

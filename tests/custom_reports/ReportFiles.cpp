@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Report files: their bytes, what is accepted of what others have written, and what stays after a fault.
 #include "common/SharedState.h"
 #include "custom_reports/ReportFile.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Every topic that the program asks for has its page, and nothing in the help leads nowhere. The windows and
 // the help are read as source files, so that a window is covered from the day it is written.
 #include <QtGui>

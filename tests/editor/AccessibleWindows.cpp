@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Every window can be used by who does not see it, has no mouse, or needs large letters.
 #include "EditorFixture.h"
 #include "WindowCheck.h"

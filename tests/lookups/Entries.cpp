@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Showing, changing, adding and finding entries; sellers, who have fields of all kinds.
 #include "lookups/LookupFixture.h"
 #include "support/Cases.h"

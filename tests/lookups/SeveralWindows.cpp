@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Windows beside each other: on the same table, beside the main window, across a repair and a lost database.
 #include "lookups/LookupFixture.h"
 #include "support/Cases.h"

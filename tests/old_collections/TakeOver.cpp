@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "OldCollectionFixture.h"
 #include "engine/rows/Database.h"
 #include "old_collections/FileExchange.h"

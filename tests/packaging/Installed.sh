@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: The Obelmark developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs the build, or the Debian package that was made of it, and uses what is there as a desktop and its user would:
 # Installed.sh BUILD [PACKAGE]
 set -euo pipefail

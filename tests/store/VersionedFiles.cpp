@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "backup/Packing.h"
 #include "engine/care/FileVersions.h"
 #include "engine/language/EngineError.h"

@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: The Obelmark developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Tests are few and strong: no more than a third of the code, counted as lines of .cpp and .h that are not blank.
 set -euo pipefail
 most=33

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The walk through the Find dialog and the maintenance of the lists.
 #include "editor/frmMain.h"
 #include "lookups/frmCodesMaint.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Takes the pictures of the windows that the help shows, the same ones whenever and wherever it is run. One
 // picture alone: help_pictures take:main-window.png
 #include "Scenes.h"

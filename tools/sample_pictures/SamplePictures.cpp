@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Draws pictures of some coins of the sample collection: sample_pictures DATABASE FOLDER
 #include "CoinDrawing.h"
 #include <QFontInfo>

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "desktop/qt/TopicBrowser.h"
 
 #include "desktop/qt/HelpBook.h"

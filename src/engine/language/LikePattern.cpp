@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "engine/language/LikePattern.h"
 #include "engine/language/FoldTable.h"
 #include "engine/language/Utf8.h"

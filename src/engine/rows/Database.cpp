@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "engine/rows/Database.h"
 #include "engine/care/FolderSteps.h"
 #include "engine/care/VerifiedCopy.h"

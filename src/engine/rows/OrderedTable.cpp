@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The Obelmark developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "engine/rows/OrderedTable.h"
 #include "engine/rows/ResetGuard.h"
 #include <SQLiteCpp/Column.h>
